@@ -1,0 +1,12 @@
+#include "JsonCommon.h"
+
+namespace JsonCommon {
+QStringList diList()
+{
+    return {};
+}
+QStringList doList()
+{
+    return {};
+}
+} // namespace JsonCommon

@@ -1,0 +1,1 @@
+#include "StyleHelpers.h"

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// The combo-box sheet; not yet passed through UiScale::styleSheet(). Sizes in pixels; a radius
+/// below 1 becomes 10 and an arrow width below 1 becomes 30.
+QString comboStyleSheet(QWidget* widget, int height, int radius, int arrowWidth, bool fixedHeight);
+/// Gives a configuration frame its whole style sheet.
+void applyConfigFrameStyle(QWidget* frame);
+/// Gives a configuration page its common style sheet and tunes the popups of its combo boxes.
+void applyBaseStyle(QWidget* widget);

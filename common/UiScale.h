@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+class QComboBox;
+class QWidget;
+
+/// Turns design numbers, made for a screen of 96 dots per inch, into what the widget's screen
+/// needs.
+///
+/// Holds no state: the screen is that of the widget, or the primary one for null, and the font zoom
+/// is read from the host at each call. Sizes are in pixels unless they say points.
+namespace UiScale {
+
+/// Logical dots per inch of the widget's screen over 96, confined to 0.75 .. 3.0.
+double screenScale(QWidget* widget);
+/// The host's font zoom, 0.75 .. 3.0; 1.0 when it is missing or outside.
+double fontZoom();
+
+/// A point size that grows by half of the screen's excess over 96 dpi only. Below 1: unchanged.
+int pointSize(int pt, QWidget* widget);
+/// The number itself, at least 1.
+int pixels(int px, QWidget* widget);
+/// The number times the zoom and the softened screen scale, at least 1.
+int scaledPixels(int px, QWidget* widget);
+int rowHeight(QWidget* widget);
+int controlHeight(QWidget* widget);
+/// Height of a field on a dense page, 20 to 26.
+int fieldHeightCap(QWidget* widget);
+
+/// The plugin's font family, at pointSize(pt, widget).
+QFont font(int pt, QWidget* widget);
+/// Sets font(pt, root) on all spin boxes and combo boxes below `root`.
+void applyFonts(QWidget* root, int pt);
+/// Size policy Expanding in both directions.
+void expand(QWidget* widget);
+/// Undoes the fixed limits of a generated form, so that a page of many small fields can shrink.
+void relaxPageLimits(QWidget* root, QWidget* widget);
+
+/// Width that the widest item of the box needs.
+int comboContentWidth(QComboBox* combo, QWidget* widget);
+void tuneComboPopup(QComboBox* combo, int maxVisible);
+/// Keeps the popup at its content's height, at most `maxRows` rows, and right under the box.
+void fixComboPopupBelow(QComboBox* combo, int maxRows);
+/// Keeps the popup at its content's height, at most `maxRows` rows.
+void fixComboPopupHeight(QComboBox* combo, int maxRows);
+
+/// Multiplies the point sizes and the pixel font sizes of a style sheet.
+QString scaleStyleSheet(const QString& css, double factor);
+/// The style sheet for the widget's screen. Every sheet of the plugin goes through it.
+QString styleSheet(const QString& css, QWidget* widget);
+/// Sets styleSheet(css, scaleOf) on the widget, and nothing when it has that sheet already.
+void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf = nullptr);
+
+} // namespace UiScale

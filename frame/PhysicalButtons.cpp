@@ -1,0 +1,7 @@
+#include "qelLaserWelding.h"
+
+namespace qelplugin {
+
+void qelLaserWelding::initPhysicalButton() {}
+
+} // namespace qelplugin

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "rlmanager.h"
+
+#include <QHash>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+namespace qelplugin {
+
+/// All that was registered under one instruction key.
+struct RlInstruction
+{
+    QString key;
+    QString group;
+    QString skeleton;
+    QString description;
+    QString pattern;
+    QString defaultText;
+    RLManager::Factory insertEditor;
+    RLManager::Factory propertyEditor;
+    std::optional<RlCustomCommandSpec> command; ///< set when it came with typed arguments
+};
+
+struct RlGroup
+{
+    QString key;
+    QString title;
+};
+
+/// The robot-program instructions of all plugins, in the order of their registration.
+class QELPLUGIN_EXPORT RlRegistry
+{
+public:
+    static RlRegistry& instance();
+
+    QVector<RlInstruction> instructions;
+    QVector<RlGroup> groups;
+
+    /// The instruction under the key, made when it is new.
+    RlInstruction& instruction(const QString& key);
+    RlGroup& group(const QString& key);
+    /// Drops everything. To be called before the library whose factories these are is unloaded.
+    void clear();
+};
+
+} // namespace qelplugin

@@ -1,0 +1,3 @@
+#include "RlLaserWeldDefine.h"
+
+RlLaserWeldDefine::RlLaserWeldDefine() = default;
