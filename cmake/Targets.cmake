@@ -1,5 +1,8 @@
 # One function per kind of target, so that a folder's CMakeLists.txt is a list of files.
 
+# All libraries that the pendant loads.
+add_custom_target(plugins)
+
 # A part of the plugin: laserweld_part(NAME SOURCES ... USES ...)
 # Its folder becomes its include path, and USES says whose headers it may reach.
 function(laserweld_part name)
@@ -27,6 +30,7 @@ function(pendant_plugin name)
     set_target_properties(${name} PROPERTIES
         LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/plugins
         INSTALL_RPATH "$ORIGIN/..")
+    add_dependencies(plugins ${name})
 endfunction()
 
 # A test program: laserweld_test(NAME [USES ...] [SOURCES ...] [TIMEOUT s]); its main source is NAME.cpp.
