@@ -7,6 +7,8 @@
 class QPropertyAnimation;
 
 /// The animated on/off switch.
+///
+/// The state changes at once, the thumb slides to its new end within 200 ms.
 class EnableButton : public QWidget
 {
     Q_OBJECT
@@ -36,8 +38,22 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPropertyAnimation* animation;
-    int sliderX = 0;
-    int lastWidth = 0;
+    void startSlide();
+    int drawnWidth() const { return width() - marginLeft - marginRight; }
+    int drawnHeight() const { return height() - marginTop - marginBottom; }
+    void paintTrack(QPainter& painter) const;
+    void paintThumb(QPainter& painter) const;
+
+    QPropertyAnimation* animation; ///< the clock of the slide; it drives no property
+    qint32 sliderX = 0;            ///< left edge of the thumb from the left margin, in pixels
+    qint32 lastWidth = 0;          ///< width for which sliderX was computed
     bool checked = false;
+    QColor onTrackColor{141, 185, 244, 255};
+    QColor offTrackColor{189, 193, 198, 255};
+    QColor onThumbColor{26, 115, 232, 255};
+    QColor offThumbColor{221, 221, 221, 255};
+    qint32 marginLeft = 0;
+    qint32 marginTop = 0;
+    qint32 marginRight = 0;
+    qint32 marginBottom = 0;
 };
