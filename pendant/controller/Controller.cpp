@@ -1,92 +1,244 @@
 #include "Controller.h"
 
+#include "Cell.h"
+#include "Commands.h"
+#include "DefaultCell.h"
+#include "Envelope.h"
+#include "JsonText.h"
+#include "RecordKeys.h"
+#include "WeldDevice.h"
+
+#include <QThread>
+
 namespace pendant {
+namespace {
+
+/// The one plugin that the controller serves.
+constexpr QLatin1String servedPlugin("qelLaserWelding");
+
+/// A command of one call with its outcome.
+struct Order
+{
+    QString name;
+    const Command* command; ///< null: unknown
+    Result result;
+};
+
+using Orders = QVector<Order>;
+
+QJsonObject returns(const Orders& orders)
+{
+    QJsonObject returns;
+    for (const Order& order : orders) {
+        const bool isFlag = order.command && order.command->reply == ReplyForm::Flag;
+        returns.insert(order.name,
+                       isFlag ? QJsonValue(order.result.isDone()) : QJsonValue(order.result.code));
+    }
+    return returns;
+}
+
+QString logLine(const Order& order)
+{
+    const QString name = shortText(order.name);
+    if (order.result.isDone())
+        return QStringLiteral("%1 done").arg(name);
+    return QStringLiteral("%1 refused with %2: %3")
+        .arg(name, QString::number(order.result.code), order.result.reason);
+}
+
+} // namespace
 
 struct Controller::Private
 {
-    QString file;
-    QJsonObject records;
+    explicit Private(std::unique_ptr<Cell> opened)
+        : cell(std::move(opened))
+        , device(cell->record(keys::weldData).toObject())
+    {}
+
+    QJsonValue serviceItem(const QString& key) const;
+    Result carryOut(const QString& plugin, const Command* command, const QJsonValue& payload,
+                    Transaction& transaction) const;
+    Orders carryOut(const QString& plugin, const QJsonObject& data, Transaction& transaction) const;
+    bool commit(const Transaction& transaction, Orders& orders);
+
+    std::unique_ptr<Cell> cell;
+    WeldDevice device;
     Faults faults;
-    bool powered = false;
-    bool connected = true;
+    bool isPowered = false;
+    bool isConnected = true;
 };
 
-Controller::Controller(std::unique_ptr<Private> state)
-    : d(std::move(state))
-{}
-
-Controller::~Controller() = default;
-
-std::unique_ptr<Controller> Controller::open(const QString& file, const CellSize&, QString*)
+QJsonValue Controller::Private::serviceItem(const QString& key) const
 {
-    auto state = std::make_unique<Private>();
-    state->file = file;
+    if (key == keys::weldData)
+        return device.data(); // more than what is stored of it
+    const bool isService = key != keys::ports && key != keys::registers;
+    return isService ? cell->record(key) : QJsonValue(QJsonValue::Undefined);
+}
+
+Result Controller::Private::carryOut(const QString& plugin, const Command* command,
+                                     const QJsonValue& payload, Transaction& transaction) const
+{
+    if (faults.returnCode != 0)
+        return {faults.returnCode, QStringLiteral("a tester wants it so")};
+    if (plugin != servedPlugin)
+        return refused(ResultCode::UnknownPlugin,
+                       QStringLiteral("the plugin \"%1\" is unknown").arg(shortText(plugin)));
+    if (!command)
+        return refused(ResultCode::UnknownCommand, QStringLiteral("there is no such command"));
+    return command->carryOut(payload, transaction);
+}
+
+Orders Controller::Private::carryOut(const QString& plugin, const QJsonObject& data,
+                                     Transaction& transaction) const
+{
+    Orders orders;
+    for (auto each = data.begin(); each != data.end(); ++each) {
+        const Command* command = findCommand(each.key());
+        orders.append({each.key(), command, carryOut(plugin, command, each.value(), transaction)});
+    }
+    return orders;
+}
+
+/// Stores what the orders have changed, and only then lets the device follow. When that fails, all
+/// of them have failed.
+bool Controller::Private::commit(const Transaction& transaction, Orders& orders)
+{
+    QString error;
+    if (transaction.changes.isEmpty() || cell->store(transaction.changes, &error)) {
+        device.setState(transaction.device);
+        return true;
+    }
+    for (Order& order : orders) {
+        if (order.result.isDone())
+            order.result = refused(ResultCode::NotStored, error);
+    }
+    return false;
+}
+
+std::unique_ptr<Controller> Controller::open(const QString& file, const CellSize& size,
+                                             QString* error)
+{
+    QString reason;
+    auto cell = Cell::open(file, defaultRecords(size), &reason);
+    if (!cell) {
+        if (error)
+            *error = reason;
+        return nullptr;
+    }
+    auto state = std::make_unique<Private>(std::move(cell));
     return std::unique_ptr<Controller>(new Controller(std::move(state)));
 }
 
+Controller::Controller(std::unique_ptr<Private> state)
+    : d(std::move(state))
+{
+    connect(&d->device, &WeldDevice::dataChanged, this,
+            [this] { Q_EMIT recordChanged(keys::weldData); });
+}
+
+Controller::~Controller() = default;
+
 QString Controller::fileName() const
 {
-    return d->file;
+    return d->cell->fileName();
 }
 
 QJsonValue Controller::serviceData(const QString& key) const
 {
-    return d->connected ? d->records.value(key) : QJsonValue(QJsonValue::Undefined);
+    if (!d->isConnected)
+        return QJsonValue::Undefined;
+    const QStringList path = key.split(QLatin1Char('.'));
+    QJsonValue value = d->serviceItem(path.first());
+    for (int depth = 1; depth < path.size(); ++depth)
+        value = value.toObject().value(path.at(depth)); // undefined below what is no object
+    return d->faults.wrongTypes ? withWrongTypes(value) : value;
 }
 
 QJsonArray Controller::command(const QString& plugin, const QJsonObject& data)
 {
-    QJsonObject answers;
-    for (const QString& name : data.keys())
-        answers.insert(name, QJsonObject{{QLatin1String("return"), 0}});
-    return {QJsonObject{{plugin, answers}}};
+    if (!d->isConnected)
+        return {};
+    // The plugin's call blocks its thread until the reply is in, so this delay does so too.
+    if (d->faults.replyDelay > 0)
+        QThread::msleep(static_cast<unsigned long>(d->faults.replyDelay));
+    const Faults faults = d->faults;
+    Transaction transaction{*d->cell, d->isPowered, d->device.state(), {}};
+    Orders orders = d->carryOut(plugin, data, transaction);
+    const bool isStored = d->commit(transaction, orders);
+    for (const Order& order : std::as_const(orders))
+        Q_EMIT logged(logLine(order));
+    transaction.changes.remove(keys::weldData); // the device tells by itself
+    for (auto each = transaction.changes.cbegin(); isStored && each != transaction.changes.cend();
+         ++each)
+        Q_EMIT recordChanged(each.key());
+    return envelope(plugin, returns(orders), faults);
 }
 
 QJsonArray Controller::textCommand(const QString& plugin, const QString& command,
                                    const QString& value)
 {
-    const QJsonObject answer{{QLatin1String("return"), !value.isEmpty()}};
-    return {QJsonObject{{plugin, QJsonObject{{command, answer}}}}};
+    return this->command(plugin, {{command, value}});
 }
 
 QStringList Controller::ports(const QString& kind) const
 {
-    return {kind + QLatin1Char('1')};
+    if (!d->isConnected)
+        return {};
+    QStringList names;
+    const QJsonArray list = d->cell->record(keys::ports).toObject().value(kind).toArray();
+    for (const QJsonValue& name : list)
+        names.append(name.toString());
+    return names;
 }
 
 QJsonValue Controller::registers() const
 {
-    return QJsonArray();
+    if (!d->isConnected)
+        return QJsonValue::Undefined;
+    const QJsonValue list = d->cell->record(keys::registers);
+    return d->faults.registersNoArray ? QJsonObject{{keys::registers, list}} : list;
 }
 
 QHash<QString, QStringList> Controller::registerGroups() const
 {
-    return {};
+    QHash<QString, QStringList> groups;
+    if (!d->isConnected)
+        return groups;
+    const QJsonArray list = d->cell->record(keys::registers).toArray();
+    for (const QJsonValue& each : list) {
+        const QJsonObject entry = each.toObject();
+        groups[entry.value(QLatin1String("type")).toString()].append(
+            entry.value(QLatin1String("name")).toString());
+    }
+    return groups;
 }
 
 bool Controller::isPowered() const
 {
-    return d->powered;
+    return d->isPowered;
 }
 
 void Controller::setPowered(bool on)
 {
-    if (d->powered == on)
+    if (d->isPowered == on)
         return;
-    d->powered = on;
+    d->isPowered = on;
     Q_EMIT powerChanged(on);
 }
 
 bool Controller::isConnected() const
 {
-    return d->connected;
+    return d->isConnected;
 }
 
 void Controller::setConnected(bool on)
 {
-    if (d->connected == on)
+    if (d->isConnected == on)
         return;
-    d->connected = on;
+    d->isConnected = on;
+    if (!on)
+        d->device.stopWire();
     Q_EMIT connectionChanged(on);
 }
 

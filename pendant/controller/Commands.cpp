@@ -1,0 +1,117 @@
+#include "Commands.h"
+
+#include "JsonText.h"
+#include "RecordKeys.h"
+#include "RecordSchema.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace pendant {
+namespace {
+
+Result notABool(const QJsonValue& payload)
+{
+    return refused(
+        ResultCode::WrongType,
+        QStringLiteral("%1 has the wrong type; accepted: true or false").arg(jsonText(payload)));
+}
+
+void storeStatus(Transaction& transaction)
+{
+    transaction.changes.insert(keys::weldData, WeldDevice::storedData(transaction.device));
+}
+
+/// Puts one status of the device; it is stored.
+template<bool WeldState::*status>
+Result setStatus(const QJsonValue& payload, Transaction& transaction)
+{
+    if (!payload.isBool())
+        return notABool(payload);
+    transaction.device.*status = payload.toBool();
+    storeStatus(transaction);
+    return {};
+}
+
+/// Starts and stops the wire in one direction, while it does not run in the other.
+template<bool WeldState::*direction, bool WeldState::*opposite>
+Result moveWire(const QJsonValue& payload, Transaction& transaction)
+{
+    if (!payload.isBool())
+        return notABool(payload);
+    if (payload.toBool() && transaction.device.*opposite)
+        return refused(ResultCode::Conflict,
+                       QStringLiteral("the wire is running in the other direction"));
+    transaction.device.*direction = payload.toBool();
+    return {};
+}
+
+/// The gas valve closes by itself after the purge time; opening it again begins that time anew.
+Result setManualGas(const QJsonValue& payload, Transaction& transaction)
+{
+    if (!payload.isBool())
+        return notABool(payload);
+    const QJsonObject setting = transaction.record(keys::weldSetting).toObject();
+    const int purgeTime = setting.value(keys::manualGasTime).toInt(); // milliseconds
+    transaction.device.gasUntil =
+        payload.toBool() ? QDeadlineTimer(purgeTime, Qt::PreciseTimer) : QDeadlineTimer();
+    return {};
+}
+
+/// Starts and stops welding. The stored main switch is left alone: it changes with the next save.
+Result setWeldEnable(const QJsonValue& payload, Transaction& transaction)
+{
+    const QString text = payload.toString();
+    const bool isOn = text == QLatin1String("TRUE");
+    if (!payload.isString())
+        return refused(ResultCode::WrongType,
+                       QStringLiteral("%1 has the wrong type; accepted: the text TRUE or FALSE")
+                           .arg(jsonText(payload)));
+    if (!isOn && text != QLatin1String("FALSE"))
+        return refused(ResultCode::OutOfRange,
+                       QStringLiteral("%1 is out of range; accepted: the text TRUE or FALSE")
+                           .arg(jsonText(payload)));
+    if (transaction.isPowered)
+        return refused(ResultCode::RobotPowered, QStringLiteral("the robot is powered"));
+    transaction.device.enabled = isOn;
+    return {};
+}
+
+Result setWeldSetting(const QJsonValue& payload, Transaction& transaction)
+{
+    const Result result = weldSettingSchema().check(payload);
+    if (result.isDone())
+        transaction.changes.insert(keys::weldSetting, payload);
+    return result;
+}
+
+constexpr auto feedWire = moveWire<&WeldState::feeding, &WeldState::retracting>;
+constexpr auto retractWire = moveWire<&WeldState::retracting, &WeldState::feeding>;
+
+constexpr Command commands[] = {
+    {"set_weld_setting_config", ReplyForm::Code, setWeldSetting},
+    {"set_weld_enable", ReplyForm::Flag, setWeldEnable},
+    {"set_virtual_welding", ReplyForm::Code, setStatus<&WeldState::virtualWelding>},
+    {"set_weld_red_light", ReplyForm::Code, setStatus<&WeldState::redLight>},
+    {"set_weld_feed_wire", ReplyForm::Code, feedWire},
+    {"set_weld_retract_wire", ReplyForm::Code, retractWire},
+    {"set_weld_manual_gas", ReplyForm::Code, setManualGas},
+};
+
+} // namespace
+
+QJsonValue Transaction::record(const QString& key) const
+{
+    const auto changed = changes.constFind(key);
+    return changed != changes.constEnd() ? changed.value() : cell.record(key);
+}
+
+const Command* findCommand(const QString& name)
+{
+    const auto* found =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const Command& command) { return QLatin1String(command.name) == name; });
+    return found != std::end(commands) ? found : nullptr;
+}
+
+} // namespace pendant

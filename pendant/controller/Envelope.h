@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+
+namespace pendant {
+
+struct Faults;
+
+/// The reply to a plugin: its name over the commands with the "return" of each, after the faults
+/// have had their way with it.
+QJsonArray envelope(const QString& plugin, const QJsonObject& returns, const Faults& faults);
+
+/// The same value with texts for numbers, and numbers for texts and for true and false, at every
+/// depth.
+QJsonValue withWrongTypes(const QJsonValue& value);
+
+} // namespace pendant
