@@ -1,4 +1,6 @@
-int main()
+#include "Application.h"
+
+int main(int argc, char** argv)
 {
-    return 0;
+    return pendant::runPendant(argc, argv);
 }

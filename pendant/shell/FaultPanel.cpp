@@ -1,0 +1,156 @@
+#include "FaultPanel.h"
+
+#include "Controller.h"
+#include "FaultTable.h"
+#include "Theme.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QSpinBox>
+
+#include <utility>
+
+namespace pendant {
+
+namespace {
+
+constexpr int Columns = 2;
+constexpr const char* Plugin = "qelLaserWelding";
+
+bool virtualWelding(const Controller& controller)
+{
+    return controller.serviceData(QStringLiteral("laser_weld_data.virtual_welding_status"))
+        .toBool();
+}
+
+} // namespace
+
+FaultPanel::FaultPanel(Controller& controller, QWidget* parent)
+    : QWidget(parent)
+    , machine(controller)
+    , grid(new QGridLayout(this))
+{
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(Theme::px(24));
+    grid->setVerticalSpacing(Theme::px(2));
+    addSwitch(
+        "connection", tr("Connection dropped"), [this] { return !machine.isConnected(); },
+        [this](bool on) { machine.setConnected(!on); });
+    addSwitch(
+        "power", tr("Robot powered"), [this] { return machine.isPowered(); },
+        [this](bool on) { machine.setPowered(on); });
+    addSwitch(
+        "virtual", tr("Virtual welding, set at the controller"),
+        [this] { return virtualWelding(machine); },
+        [this](bool on) { setVirtualWelding(machine, on); });
+    for (const FaultRow& row : faultRows())
+        addFault(row);
+    grid->setRowStretch(grid->rowCount(), 1);
+    for (int column = 0; column < Columns; ++column)
+        grid->setColumnStretch(column, 1);
+    for (const auto signal : {&Controller::connectionChanged, &Controller::powerChanged})
+        connect(&machine, signal, this, &FaultPanel::load);
+    connect(&machine, &Controller::recordChanged, this, &FaultPanel::load);
+}
+
+QCheckBox* FaultPanel::addSwitch(const char* name, const QString& caption,
+                                 std::function<bool()> read, const std::function<void(bool)>& turn)
+{
+    auto* box = new QCheckBox(caption, this);
+    box->setObjectName(QStringLiteral("switch_") + QString::fromLatin1(name));
+    connect(box, &QCheckBox::clicked, this, turn);
+    switches.push_back({box, std::move(read)});
+    place(box);
+    return box;
+}
+
+void FaultPanel::addFault(const FaultRow& row)
+{
+    if (row.flag)
+        addFlag(row);
+    else
+        addNumber(row);
+}
+
+void FaultPanel::addFlag(const FaultRow& row)
+{
+    auto* box = new QCheckBox(QString::fromLatin1(row.caption), this);
+    box->setObjectName(QStringLiteral("fault_") + QString::fromLatin1(row.name));
+    box->setToolTip(QString::fromLatin1(row.hint));
+    const auto flag = row.flag;
+    connect(box, &QCheckBox::clicked, this,
+            [this, flag](bool on) { turn([&](Faults& faults) { faults.*flag = on; }); });
+    loaders.emplace_back([box, flag](const Faults& faults) { box->setChecked(faults.*flag); });
+    place(box);
+}
+
+void FaultPanel::addNumber(const FaultRow& row)
+{
+    auto* caption = new QLabel(QString::fromLatin1(row.caption), this);
+    caption->setToolTip(QString::fromLatin1(row.hint));
+    auto* box = new QSpinBox(this);
+    box->setObjectName(QStringLiteral("fault_") + QString::fromLatin1(row.name));
+    box->setRange(row.minimum, row.maximum);
+    box->setSuffix(QString::fromLatin1(row.unit));
+    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    box->setFixedWidth(Theme::px(110));
+    caption->setBuddy(box);
+    const auto number = row.number;
+    connect(box, qOverload<int>(&QSpinBox::valueChanged), this,
+            [this, number](int value) { turn([&](Faults& faults) { faults.*number = value; }); });
+    loaders.emplace_back([box, number](const Faults& faults) {
+        const QSignalBlocker quiet(box);
+        box->setValue(faults.*number);
+    });
+    place(caption, box);
+}
+
+void FaultPanel::place(QWidget* widget, QWidget* field)
+{
+    auto* cell = new QHBoxLayout;
+    cell->addWidget(widget, 1);
+    if (field)
+        cell->addWidget(field);
+    grid->addLayout(cell, placed / Columns, placed % Columns);
+    ++placed;
+}
+
+void FaultPanel::turn(const std::function<void(Faults&)>& change)
+{
+    Faults faults = machine.faults();
+    change(faults);
+    machine.setFaults(faults);
+    Q_EMIT faultsChanged();
+}
+
+void FaultPanel::load()
+{
+    for (const Switch& each : switches)
+        each.box->setChecked(each.read());
+    for (const auto& loadFault : loaders)
+        loadFault(machine.faults());
+}
+
+void FaultPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    load();
+}
+
+// A command needs the connection, which nobody else is to see come and go.
+void setVirtualWelding(Controller& controller, bool on)
+{
+    const bool wasConnected = controller.isConnected();
+    {
+        const QSignalBlocker quiet(controller);
+        controller.setConnected(true);
+    }
+    controller.command(QString::fromLatin1(Plugin),
+                       QJsonObject{{QStringLiteral("set_virtual_welding"), on}});
+    const QSignalBlocker quiet(controller);
+    controller.setConnected(wasConnected);
+}
+
+} // namespace pendant

@@ -1,0 +1,82 @@
+#include "FaultTable.h"
+
+#include <algorithm>
+
+namespace pendant {
+
+const std::vector<FaultRow>& faultRows()
+{
+    static const std::vector<FaultRow> rows{
+        {"empty-reply", "Empty reply", "Commands are carried out, the reply is an empty array",
+         &Faults::emptyReply, nullptr, 0, 0, 0, ""},
+        {"foreign-reply", "Reply of another plugin", "The reply stands under another plugin's name",
+         &Faults::foreignReply, nullptr, 0, 0, 0, ""},
+        {"missing-return", "Reply without \"return\"", "The command's answer has no result",
+         &Faults::missingReturn, nullptr, 0, 0, 0, ""},
+        {"wrong-types", "Wrong types", "Texts for numbers and numbers for texts",
+         &Faults::wrongTypes, nullptr, 0, 0, 0, ""},
+        {"registers-no-array", "Register list is no array", "The register list is an object",
+         &Faults::registersNoArray, nullptr, 0, 0, 0, ""},
+        {"return-code", "Refuse with code", "Every command is refused with this code; 0: none",
+         nullptr, &Faults::returnCode, -9999, 9999, 5, ""},
+        {"reply-delay", "Delay of replies", "Time before each reply; 0: none", nullptr,
+         &Faults::replyDelay, 0, 60000, 1000, " ms"},
+    };
+    return rows;
+}
+
+QStringList faultNames()
+{
+    QStringList names;
+    for (const FaultRow& row : faultRows())
+        names << QString::fromLatin1(row.name);
+    return names;
+}
+
+namespace {
+
+QString applyNumber(const FaultRow& row, const QString& text, Faults* faults)
+{
+    bool isNumber = true;
+    const int number = text.isNull() ? row.usual : text.toInt(&isNumber);
+    if (!isNumber || number < row.minimum || number > row.maximum) {
+        return QStringLiteral("fault \"%1\" takes a number from %2 to %3, not \"%4\"")
+            .arg(QString::fromLatin1(row.name))
+            .arg(row.minimum)
+            .arg(row.maximum)
+            .arg(text);
+    }
+    faults->*row.number = number;
+    return {};
+}
+
+} // namespace
+
+QString applyFault(const QString& text, Faults* faults)
+{
+    const int equals = text.indexOf(QLatin1Char('='));
+    const QString name = text.left(equals);
+    const QString value = equals < 0 ? QString() : text.mid(equals + 1);
+    for (const FaultRow& row : faultRows()) {
+        if (name != QLatin1String(row.name))
+            continue;
+        if (row.number)
+            return applyNumber(row, value, faults);
+        if (equals >= 0)
+            return QStringLiteral("fault \"%1\" takes no value").arg(name);
+        faults->*row.flag = true;
+        return {};
+    }
+    return QStringLiteral("there is no fault \"%1\"; there are: %2")
+        .arg(name, faultNames().join(QLatin1String(", ")));
+}
+
+bool anyFault(const Faults& faults)
+{
+    const auto& rows = faultRows();
+    return std::any_of(rows.begin(), rows.end(), [&](const FaultRow& row) {
+        return row.flag ? faults.*row.flag : faults.*row.number != 0;
+    });
+}
+
+} // namespace pendant

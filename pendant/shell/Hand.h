@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace pendant {
+
+/// A hand at the pendant: it finds what it is told to touch in the window and gives it the events
+/// of the mouse and the keyboard. What it cannot reach as an operator would, it refuses.
+class Hand
+{
+public:
+    explicit Hand(QWidget& window);
+
+    /// The widget of the object name, a visible one before a hidden one; or null with a complaint.
+    QWidget* find(const QString& name);
+    /// The tool button that shows the text.
+    QWidget* findTool(const QString& text);
+
+    bool click(QWidget* widget);
+    bool press(QWidget* widget);
+    bool release(QWidget* widget);
+    /// Replaces the number in the field.
+    bool enter(QWidget* field, int number);
+
+    /// Works the events off until the condition holds, for at most `milliseconds`.
+    static bool waitFor(const std::function<bool()>& condition, int milliseconds = 5000);
+
+    /// Why the last touch was not possible; empty when it was.
+    const QString& complaint() const { return trouble; }
+
+private:
+    bool refuse(const QString& reason);
+    bool reach(QWidget* widget);
+
+    QWidget& window;
+    QString trouble;
+};
+
+} // namespace pendant

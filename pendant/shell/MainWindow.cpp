@@ -1,0 +1,281 @@
+#include "MainWindow.h"
+
+#include "Controller.h"
+#include "Drawer.h"
+#include "FaultPanel.h"
+#include "KeyColumn.h"
+#include "LoginPanel.h"
+#include "MessagePage.h"
+#include "MessageStrip.h"
+#include "PluginPage.h"
+#include "Theme.h"
+#include "TopBar.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTime>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace pendant {
+
+namespace {
+
+constexpr int LogLines = 2000;
+
+QVBoxLayout* plainColumn(QWidget* parent)
+{
+    auto* column = new QVBoxLayout(parent);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    return column;
+}
+
+} // namespace
+
+MainWindow::MainWindow(Controller& controller, QWidget* parent)
+    : QWidget(parent)
+    , topBar(new TopBar(this))
+    , leftKeys(new KeyColumn(this))
+    , rightKeys(new KeyColumn(this))
+    , tabs(new QTabBar(this))
+    , pages(new QStackedWidget(this))
+    , strip(new MessageStrip(this))
+    , drawer(new Drawer(this))
+    , login(new LoginPanel(this))
+    , pluginPage(new PluginPage)
+{
+    setObjectName(QStringLiteral("pendant"));
+    setWindowTitle(tr("Pendant"));
+    build(controller);
+    follow(controller);
+    connect(tabs, &QTabBar::currentChanged, this, &MainWindow::selectPage);
+    connect(topBar, &TopBar::connectionClicked, this, &MainWindow::connectionClicked);
+    connect(topBar, &TopBar::powerClicked, this, &MainWindow::powerClicked);
+    connect(topBar, &TopBar::userClicked, this, &MainWindow::toggleLogin);
+    connect(login, &LoginPanel::levelChosen, login, &QWidget::hide);
+    connect(login, &LoginPanel::levelChosen, this, &MainWindow::levelChosen);
+}
+
+MainWindow::~MainWindow()
+{
+    dropPlugins();
+}
+
+void MainWindow::build(Controller& controller)
+{
+    auto* column = plainColumn(this);
+    column->addWidget(topBar);
+    column->addWidget(buildBody(), 1);
+    column->addWidget(strip);
+    auto* messagePage = new MessagePage(history);
+    connect(messagePage, &MessagePage::clearClicked, this, &MainWindow::clearMessages);
+    addPanel(QStringLiteral("messages"), tr("Messages"), messagePage);
+    addPanel(QStringLiteral("faults"), tr("Faults"), new FaultPanel(controller));
+    addPanel(QStringLiteral("log"), tr("Controller log"), buildLog(controller));
+    addPanel(QStringLiteral("plugins"), tr("Plugins"), pluginPage);
+    Theme::dress(strip);
+    Theme::dress(leftKeys);
+    Theme::dress(rightKeys);
+}
+
+QWidget* MainWindow::buildBody()
+{
+    leftKeys->setObjectName(QStringLiteral("keyColumn_left"));
+    rightKeys->setObjectName(QStringLiteral("keyColumn_right"));
+    tabs->setObjectName(QStringLiteral("tabBar"));
+    tabs->setExpanding(false);
+    tabs->hide();
+    pages->setObjectName(QStringLiteral("pages"));
+    auto* body = new QWidget(this);
+    auto* row = new QHBoxLayout(body);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(leftKeys);
+    auto* centre = plainColumn(nullptr);
+    centre->addWidget(tabs);
+    centre->addWidget(pages, 1);
+    row->addLayout(centre, 1);
+    row->addWidget(rightKeys);
+    return body;
+}
+
+void MainWindow::addPanel(const QString& name, const QString& caption, QWidget* content)
+{
+    content->setObjectName(QStringLiteral("panel_") + name);
+    drawer->add(caption, content);
+    auto* button = strip->addButton(name, caption);
+    connect(button, &QAbstractButton::clicked, drawer, [this, content](bool open) {
+        if (open)
+            drawer->open(content);
+        else
+            drawer->shut();
+    });
+    connect(drawer, &Drawer::changed, button,
+            [button, content](QWidget* current) { button->setChecked(current == content); });
+}
+
+QWidget* MainWindow::buildLog(const Controller& controller)
+{
+    auto* view = new QPlainTextEdit;
+    view->setReadOnly(true);
+    view->setMaximumBlockCount(LogLines);
+    connect(&controller, &Controller::logged, view, [view](const QString& text) {
+        view->appendPlainText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + text);
+    });
+    return view;
+}
+
+void MainWindow::follow(const Controller& controller)
+{
+    topBar->showConnection(controller.isConnected());
+    topBar->showPower(controller.isPowered());
+    connect(&controller, &Controller::connectionChanged, topBar, &TopBar::showConnection);
+    connect(&controller, &Controller::powerChanged, topBar, &TopBar::showPower);
+}
+
+void MainWindow::addPage(const QString& plugin, QWidget* page)
+{
+    pages->addWidget(page);
+    const int index = tabs->addTab(plugin);
+    tabs->setTabData(index, plugin);
+    tabs->setVisible(tabs->count() > 1);
+    selectPage(tabs->currentIndex());
+}
+
+void MainWindow::setPageTitle(const QString& plugin, const QString& title)
+{
+    for (int index = 0; index < tabs->count(); ++index) {
+        if (tabs->tabData(index) == plugin)
+            tabs->setTabText(index, title);
+    }
+    topBar->showTitle(tabs->tabText(tabs->currentIndex()));
+}
+
+void MainWindow::selectPage(int index)
+{
+    releaseKeys();
+    pages->setCurrentIndex(index);
+    const QString plugin = tabs->tabData(index).toString();
+    leftKeys->showPlugin(plugin);
+    rightKeys->showPlugin(plugin);
+    topBar->showTitle(tabs->tabText(index));
+}
+
+void MainWindow::addIndicator(QWidget* indicator, int position)
+{
+    topBar->addIndicator(indicator, position);
+}
+
+void MainWindow::setKeys(const QString& plugin, const QString& group,
+                         const QList<qelplugin::PhysicalButton>& firstList,
+                         const QList<qelplugin::PhysicalButton>& secondList)
+{
+    leftKeys->setKeys(plugin, group, firstList);
+    rightKeys->setKeys(plugin, group, secondList);
+}
+
+void MainWindow::setKeysActive(const QString& plugin, const QString& group, bool active)
+{
+    leftKeys->setActive(plugin, group, active);
+    rightKeys->setActive(plugin, group, active);
+}
+
+void MainWindow::showMessage(const QString& plugin, int level, const QString& text)
+{
+    const Message message{QDateTime::currentDateTime(), plugin, level, text};
+    history.add(message);
+    strip->showMessage(message);
+}
+
+void MainWindow::clearMessages()
+{
+    history.clear();
+    strip->clear();
+}
+
+void MainWindow::setReports(const QVector<PluginReport>& reports)
+{
+    pluginPage->setReports(reports);
+    const bool anyRefused = std::any_of(reports.begin(), reports.end(),
+                                        [](const PluginReport& each) { return !each.loaded; });
+    if (anyRefused)
+        drawer->open(pluginPage);
+}
+
+void MainWindow::showUser(int level)
+{
+    topBar->showUser(level);
+    login->setLevel(level);
+}
+
+void MainWindow::reopenPage()
+{
+    if (QWidget* page = pages->currentWidget()) {
+        page->hide();
+        page->show();
+    }
+}
+
+void MainWindow::releaseKeys()
+{
+    leftKeys->releaseAll();
+    rightKeys->releaseAll();
+}
+
+void MainWindow::dropPlugins()
+{
+    leftKeys->clear();
+    rightKeys->clear();
+    const QSignalBlocker quiet(tabs);
+    while (tabs->count() > 0)
+        tabs->removeTab(0);
+    while (QWidget* page = pages->widget(0))
+        delete page;
+    topBar->clearIndicators();
+}
+
+void MainWindow::toggleLogin()
+{
+    login->setVisible(login->isHidden());
+    placePanels();
+    login->raise();
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        releaseKeys();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    releaseKeys();
+    QWidget::closeEvent(event);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placePanels();
+}
+
+// The drawer covers the lower part of the page, the login hangs under the user's button.
+void MainWindow::placePanels()
+{
+    layout()->activate();
+    const int gap = Theme::px(8);
+    const QRect centre(pages->mapTo(this, QPoint()), pages->size());
+    const int height = qMin(qMax(centre.height() / 2, Theme::px(330)), centre.height() - 2 * gap);
+    drawer->setGeometry(centre.left() + gap, centre.bottom() - height - gap + 1,
+                        centre.width() - 2 * gap, height);
+    const QSize size = login->sizeHint().expandedTo(QSize(Theme::px(240), 0));
+    login->setGeometry(QRect(QPoint(width() - size.width() - gap, topBar->height() + gap), size));
+}
+
+} // namespace pendant

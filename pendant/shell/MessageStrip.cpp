@@ -1,0 +1,76 @@
+#include "MessageStrip.h"
+
+#include "MessageModel.h"
+#include "Theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace pendant {
+
+MessageStrip::MessageStrip(QWidget* parent)
+    : QFrame(parent)
+    , row(new QHBoxLayout(this))
+    , box(new QFrame(this))
+    , time(new QLabel(box))
+    , text(new QLabel(box))
+{
+    setObjectName(QStringLiteral("messageStrip"));
+    const int gap = Theme::px(8);
+    row->setContentsMargins(gap, gap, gap, gap);
+    row->setSpacing(gap);
+    row->addWidget(box, 1);
+    box->setObjectName(QStringLiteral("messageBox"));
+    time->setObjectName(QStringLiteral("label_messageTime"));
+    text->setObjectName(QStringLiteral("label_message"));
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    // Two lines of text whatever it says, so that a long message does not move the page.
+    text->setMinimumWidth(0);
+    text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    auto* line = new QHBoxLayout(box);
+    line->setContentsMargins(Theme::px(12), 0, gap, 0);
+    line->setSpacing(Theme::px(12));
+    line->addWidget(time);
+    line->addWidget(text, 1);
+    clear();
+}
+
+void MessageStrip::showMessage(const Message& message)
+{
+    const Severity severity = severityOf(message.level);
+    time->setText(message.time.toString(QStringLiteral("HH:mm:ss")));
+    text->setText(message.text);
+    text->setToolTip(message.text);
+    tint(severity.colour, severity.tint);
+}
+
+void MessageStrip::clear()
+{
+    time->clear();
+    text->clear();
+    text->setToolTip(QString());
+    tint(QColor(Theme::Line), QColor(Theme::Ground));
+}
+
+void MessageStrip::tint(const QColor& bar, const QColor& ground)
+{
+    box->setStyleSheet(QStringLiteral("QFrame#messageBox { background: %1; border: none; "
+                                      "border-left: %2px solid %3; border-radius: %4px; }")
+                           .arg(ground.name())
+                           .arg(Theme::px(6))
+                           .arg(bar.name())
+                           .arg(Theme::px(4)));
+}
+
+QAbstractButton* MessageStrip::addButton(const QString& name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(QStringLiteral("button_") + name);
+    button->setCheckable(true);
+    row->addWidget(button);
+    return button;
+}
+
+} // namespace pendant

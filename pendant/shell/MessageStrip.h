@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFrame>
+
+class QAbstractButton;
+class QHBoxLayout;
+class QLabel;
+
+namespace pendant {
+
+struct Message;
+
+/// The strip at the bottom: the last message in the colour of its severity, and the buttons that
+/// open the panels.
+class MessageStrip : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit MessageStrip(QWidget* parent = nullptr);
+
+    void showMessage(const Message& message);
+    void clear();
+    /// Adds a checkable button behind the message; its name becomes "button_<name>".
+    QAbstractButton* addButton(const QString& name, const QString& caption);
+
+private:
+    void tint(const QColor& bar, const QColor& ground);
+
+    QHBoxLayout* row;
+    QFrame* box;
+    QLabel* time;
+    QLabel* text;
+};
+
+} // namespace pendant

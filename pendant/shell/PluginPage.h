@@ -1,0 +1,25 @@
+#pragma once
+
+#include "PluginLoader.h"
+
+#include <QWidget>
+
+class QTableWidget;
+
+namespace pendant {
+
+/// The list of what the plugin folder holds, what was loaded and what was not, and why.
+class PluginPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PluginPage(QWidget* parent = nullptr);
+
+    void setReports(const QVector<PluginReport>& reports);
+
+private:
+    QTableWidget* table;
+};
+
+} // namespace pendant

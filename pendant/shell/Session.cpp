@@ -1,0 +1,101 @@
+#include "Session.h"
+
+#include "Controller.h"
+#include "MainWindow.h"
+#include "Options.h"
+#include "ShellBackend.h"
+#include "Theme.h"
+
+#include <QApplication>
+#include <QScreen>
+
+namespace pendant {
+
+namespace {
+
+constexpr QSize DesignSize(1024, 768); // for 96 dots per inch
+
+QSize windowSize(const Options& options)
+{
+    if (!options.windowSize.isEmpty())
+        return options.windowSize;
+    const QSize size(Theme::px(DesignSize.width()), Theme::px(DesignSize.height()));
+    // Without a display the screen is no limit.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return size;
+    return size.boundedTo(QGuiApplication::primaryScreen()->availableSize());
+}
+
+} // namespace
+
+std::unique_ptr<Session> Session::open(const Options& options, QString* error)
+{
+    auto controller = Controller::open(options.cellFile, options.cellSize, error);
+    if (!controller)
+        return nullptr;
+    return std::unique_ptr<Session>(new Session(std::move(controller), options));
+}
+
+Session::Session(std::unique_ptr<Controller> controller, const Options& options)
+    : machine(std::move(controller))
+    , backend(std::make_unique<ShellBackend>(*machine))
+    , mainWindow(std::make_unique<MainWindow>(*machine))
+{
+    join();
+    start(options);
+}
+
+Session::~Session()
+{
+    mainWindow->releaseKeys();
+    mainWindow->dropPlugins();
+    loader.unload();
+}
+
+void Session::join()
+{
+    MainWindow* window = mainWindow.get();
+    connect(backend.get(), &ShellBackend::pageCreated, window, &MainWindow::addPage);
+    connect(backend.get(), &ShellBackend::indicatorCreated, window,
+            [window](const QString&, QWidget* indicator, int position) {
+                window->addIndicator(indicator, position);
+            });
+    connect(backend.get(), &ShellBackend::keysCreated, window, &MainWindow::setKeys);
+    connect(backend.get(), &ShellBackend::keysSwitched, window, &MainWindow::setKeysActive);
+    connect(backend.get(), &ShellBackend::messageThrown, window, &MainWindow::showMessage);
+    connect(window, &MainWindow::levelChosen, this, &Session::logIn);
+    connect(window, &MainWindow::connectionClicked, machine.get(),
+            [this] { machine->setConnected(!machine->isConnected()); });
+    connect(window, &MainWindow::powerClicked, machine.get(),
+            [this] { machine->setPowered(!machine->isPowered()); });
+}
+
+// As at the robot: the plugins are up before the connection is.
+void Session::start(const Options& options)
+{
+    machine->setConnected(false);
+    machine->setPowered(options.powered);
+    machine->setFaults(options.faults);
+    backend->setZoom(options.zoom);
+    logIn(options.userLevel);
+    mainWindow->resize(windowSize(options));
+    loader.loadFolder(options.pluginFolder);
+    loader.start();
+    const QStringList names = loader.pluginNames();
+    for (const QString& name : names)
+        mainWindow->setPageTitle(name, backend->labelOf(name));
+    machine->setConnected(!options.disconnected);
+    mainWindow->setReports(loader.reports());
+    mainWindow->show();
+}
+
+// A key that is held is let go by the user who holds it; the page reads the new user at its show.
+void Session::logIn(int level)
+{
+    mainWindow->releaseKeys();
+    backend->setUserLevel(level);
+    mainWindow->showUser(level);
+    mainWindow->reopenPage();
+}
+
+} // namespace pendant

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QFrame>
+
+class QHBoxLayout;
+class QLabel;
+
+namespace pendant {
+
+class LampButton;
+
+/// The status bar at the top: connection, robot power, the page's name, the plugins' indicators and
+/// the user.
+class TopBar : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit TopBar(QWidget* parent = nullptr);
+
+    void showConnection(bool up);
+    void showPower(bool on);
+    void showUser(int level);
+    void showTitle(const QString& text);
+    /// Takes the indicator over. Those with the lower position stand further left.
+    void addIndicator(QWidget* indicator, int position);
+    void clearIndicators();
+
+Q_SIGNALS:
+    void connectionClicked();
+    void powerClicked();
+    void userClicked();
+
+private:
+    LampButton* addButton(const char* name, const QString& caption);
+
+    QHBoxLayout* row;
+    QHBoxLayout* indicators;
+    LampButton* connection;
+    LampButton* power;
+    QLabel* title;
+    LampButton* user;
+};
+
+} // namespace pendant
