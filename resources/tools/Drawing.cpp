@@ -5,12 +5,11 @@
 #include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
-#include <algorithm>
 
 namespace {
 
-const QLatin1String symbolFolder("phybutton/");
-const QLatin1String plateFolder("phybutton/plates/");
+constexpr QLatin1String symbolFolder("phybutton/");
+constexpr QLatin1String plateFolder("phybutton/plates/");
 
 QByteArray contentOf(const QString& path)
 {
