@@ -1,16 +1,56 @@
 #include "logstreams.h"
 
 #include "logfile.h"
+#include "logline.h"
 
 namespace qelplugin {
 
-QLog::QLog(const QString& colour, const QString& header, const QString&)
-    : QDebug(QtDebugMsg)
+namespace {
+
+// The line's QFile is open while the process has its file open, and takes nothing of it but that.
+// The descriptor is shared by all lines and stays open: a QFile opened on it by each line would
+// cost two calls of the system and a slower write.
+void setOpenMode(QFile& file, QIODevice::OpenMode mode)
 {
-    noquote() << colour + header;
+    struct Opener : QFile
+    {
+        using QFile::setOpenMode;
+    };
+    (file.*&Opener::setOpenMode)(mode);
 }
 
-QLog::~QLog() = default;
+// Opens the line's file if that can be; returns the text of the file stream.
+QString* openFile(QFile& file, LogLine& line, const QString& pathBase, const QString& extension)
+{
+    LogFile& target = LogFile::of(pathBase, extension);
+    if (target.open()) {
+        line.target = &target;
+        setOpenMode(file, QIODevice::WriteOnly | QIODevice::Append);
+    }
+    return &line.file;
+}
+
+// Every item goes to the console and, only when the file is open, to the file as well.
+template<typename Item>
+void write(QDebug& console, const QFile& file, QDebug& fileStream, const Item& item)
+{
+    console << item;
+    if (file.isOpen())
+        fileStream << item;
+}
+
+} // namespace
+
+QLog::QLog(const QString& colour, const QString& header, const QString& trailer)
+    : QDebug(&LogLine::begin(this, colour, trailer).console)
+{
+    noquote() << header;
+}
+
+QLog::~QLog()
+{
+    LogLine::of(this).end();
+}
 
 QLog& QLog::operator<<(const QString& text)
 {
@@ -18,44 +58,49 @@ QLog& QLog::operator<<(const QString& text)
     return *this;
 }
 
-QFLog::QFLog(const QString& colour, const QString& header, const QString&, const QString& pathBase,
-             const QString& extension)
-    : console(QtDebugMsg)
-    , file(pathBase + QLatin1Char('.') + extension)
-    , fileStream(&file)
+QFLog::QFLog(const QString& colour, const QString& header, const QString& trailer,
+             const QString& pathBase, const QString& extension)
+    : console(&LogLine::begin(this, colour, trailer).console)
+    , fileStream(openFile(file, LogLine::of(this), pathBase, extension))
 {
-    console.noquote() << colour + header;
+    console.noquote();
+    fileStream.noquote();
+    *this << header;
 }
 
-QFLog::~QFLog() = default;
+// The QFile must not find anything to close.
+QFLog::~QFLog()
+{
+    setOpenMode(file, QIODevice::NotOpen);
+    LogLine::of(this).end();
+}
 
 QFLog& QFLog::operator<<(const QString& text)
 {
-    console << text;
+    write(console, file, fileStream, text);
     return *this;
 }
 
 QFLog& QFLog::operator<<(const char* text)
 {
-    console << text;
-    return *this;
+    return *this << QString::fromUtf8(text);
 }
 
 QFLog& QFLog::operator<<(char character)
 {
-    console << character;
+    write(console, file, fileStream, character);
     return *this;
 }
 
 QFLog& QFLog::operator<<(int number)
 {
-    console << number;
+    write(console, file, fileStream, number);
     return *this;
 }
 
 QFLog& QFLog::operator<<(bool value)
 {
-    console << value;
+    write(console, file, fileStream, value);
     return *this;
 }
 
