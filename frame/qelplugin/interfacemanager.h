@@ -61,8 +61,6 @@ Q_SIGNALS:
 
 private:
     Q_DISABLE_COPY(InterfaceManager)
-    struct State;
-    State* state;
 };
 
 /// The process-wide gateway; valid from library load.

@@ -3,12 +3,8 @@
 namespace qelplugin {
 
 // The gateway holds nothing: the backend answers every call.
-struct InterfaceManager::State
-{};
-
 InterfaceManager::InterfaceManager(QObject* parent)
     : QObject(parent)
-    , state(nullptr)
 {}
 
 InterfaceManager::~InterfaceManager() = default;

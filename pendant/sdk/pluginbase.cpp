@@ -2,16 +2,22 @@
 
 namespace qelplugin {
 
-// What a plugin tells of itself goes straight to the backend; nothing is kept here.
+// What the plugin told of itself; the backend is told as well, as soon as it is said.
 struct PluginBase::State
-{};
+{
+    QString label;
+    bool globalSheet = true;
+};
 
 PluginBase::PluginBase(QObject* parent)
     : QObject(parent)
-    , state(nullptr)
+    , state(new State)
 {}
 
-PluginBase::~PluginBase() = default;
+PluginBase::~PluginBase()
+{
+    delete state;
+}
 
 void PluginBase::init() {}
 void PluginBase::afterInit() {}
@@ -21,12 +27,14 @@ void PluginBase::detach() {}
 
 void PluginBase::setPluginLabel(const QString& label)
 {
-    hostBackend().pluginLabelSet(this, label);
+    state->label = label;
+    hostBackend().pluginLabelSet(this, state->label);
 }
 
 void PluginBase::setDefaultGlobalSheet(bool on)
 {
-    hostBackend().defaultGlobalSheetSet(this, on);
+    state->globalSheet = on;
+    hostBackend().defaultGlobalSheetSet(this, state->globalSheet);
 }
 
 } // namespace qelplugin

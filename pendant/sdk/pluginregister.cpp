@@ -33,21 +33,26 @@ auto find(const QString& name)
 
 // The entries belong to the process, not to the object.
 struct PluginRegister::State
-{};
+{
+    std::vector<Entry>& kept = entries();
+};
 
 PluginRegister::PluginRegister()
-    : state(nullptr)
+    : state(new State)
 {}
 
-PluginRegister::~PluginRegister() = default;
+PluginRegister::~PluginRegister()
+{
+    delete state;
+}
 
 void PluginRegister::regist(const QString& name, std::function<PluginBase*(QObject*)> factory)
 {
     // The name is copied: it may lie in the library that registers itself and outlive that.
-    const QString kept(name.constData(), name.size());
+    const QString ownName(name.constData(), name.size());
     const auto found = find(name);
-    if (found == entries().end())
-        entries().push_back({kept, std::move(factory)});
+    if (found == state->kept.end())
+        state->kept.push_back({ownName, std::move(factory)});
     else
         found->factory = std::move(factory);
 }
