@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr QLatin1String symbolFolder("phybutton/");
-constexpr QLatin1String plateFolder("phybutton/plates/");
+const QLatin1String symbolFolder("phybutton/");
+const QLatin1String plateFolder("phybutton/plates/");
 
 QByteArray contentOf(const QString& path)
 {

@@ -19,7 +19,7 @@ constexpr int keyHeight = 64;        // px, as a row of keys shows it
 constexpr int navigationHeight = 16; // px, the smallest that a navigation button shows
 constexpr int glyphContrast = 3; // between a symbol and its ground, for graphics that carry meaning
 
-constexpr QLatin1String arrow(":/qelLaserWelding/png/arrow/down_arrow_white.png");
+const QLatin1String arrow(":/qelLaserWelding/png/arrow/down_arrow_white.png");
 
 constexpr std::array keys{"switchMode", "feedWire", "gas", "pullWire", "redLight", "monitor"};
 constexpr std::array entries{"LaserWeldDeviceSetting", "LaserWeldIO",
