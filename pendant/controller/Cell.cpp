@@ -36,9 +36,11 @@ std::unique_ptr<Cell> Cell::open(const QString& file, const Records& defaults, Q
     if (!connection)
         return nullptr;
     std::unique_ptr<Cell> cell(new Cell(file, std::move(connection)));
-    if (!cell->load(error) || !cell->addMissing(defaults, error))
+    if (!cell->load(error))
         return nullptr;
-    return cell;
+    // Not before all has been read: a cell that is refused stays as it is.
+    *error = cellfile::proveWritable(file, *cell->m_connection);
+    return error->isEmpty() && cell->addMissing(defaults, error) ? std::move(cell) : nullptr;
 }
 
 Cell::Cell(const QString& file, std::unique_ptr<SqlConnection> connection)

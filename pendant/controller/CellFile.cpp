@@ -103,6 +103,11 @@ bool prepare(SqlConnection& connection)
            connection.run(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
 }
 
+bool setVersion(SqlConnection& connection)
+{
+    return connection.run(QStringLiteral("PRAGMA user_version=%1").arg(int(Cell::version)));
+}
+
 bool layOut(SqlConnection& connection)
 {
     const QVariant tables = connection.value(QStringLiteral("SELECT count(*) FROM sqlite_master"));
@@ -124,6 +129,9 @@ QString inspect(const QString& file)
     const QString place = inspectPlace(info);
     if (!place.isEmpty() || info.size() == 0)
         return place;
+    // Less than SQLite's smallest page; a single byte would even pass as an empty file.
+    if (info.size() < 512)
+        return notACell(file);
     // What a killed pendant left behind can only be read together with the file, which needs
     // locks; otherwise the look leaves no trace.
     const bool isLeft = QFileInfo(info.canonicalFilePath() + QLatin1String("-wal")).size() > 0;
@@ -146,16 +154,24 @@ std::unique_ptr<SqlConnection> claim(const QString& file, QString* error)
     return nullptr;
 }
 
+QString proveWritable(const QString& file, SqlConnection& connection)
+{
+    // Without the right to write SQLite opens a file to be read, and says so at the first write.
+    return setVersion(connection) ? QString() : explain(file, connection);
+}
+
 QString explain(const QString& file, const SqlConnection& connection)
 {
     // SQLite's result codes.
-    constexpr int busy = 5, lockedTable = 6, readonly = 8, corrupt = 11, notADatabase = 26;
+    constexpr int busy = 5, lockedTable = 6, readonly = 8, corrupt = 11, noAccess = 14,
+                  notADatabase = 26;
     const QString detail = connection.lastError().databaseText();
     switch (connection.lastCode()) {
     case busy:
     case lockedTable:
         return locked(file);
     case readonly:
+    case noAccess:
         return readOnly(file);
     case corrupt:
         return damaged(file, detail);

@@ -16,6 +16,9 @@ QString inspect(const QString& file);
 /// null and sets `error` on failure. To be called after inspect() found nothing.
 std::unique_ptr<SqlConnection> claim(const QString& file, QString* error);
 
+/// Empty when the open file takes a write, and otherwise the text for the user.
+QString proveWritable(const QString& file, SqlConnection& connection);
+
 /// The text for the user about the last error of the connection.
 QString explain(const QString& file, const SqlConnection& connection);
 

@@ -1,0 +1,52 @@
+#include "RunRecord.h"
+
+namespace {
+
+struct RunField
+{
+    const char* key;
+    int least;
+    int most;
+};
+
+// The first two carry the number, the others the same number again in their ranges.
+constexpr int powers = 10000;
+
+constexpr RunField runFields[] = {
+    {"laser_comm_type", 0, 1},
+    {"pre_gas_time", 0, 2000},
+    {"delay_off_time", 0, 1999},
+    {"detection_delay", 0, 1998},
+    {"manual_gas_time", 1000, 10000},
+    {"retraction_distance", 0, 50},
+    {"retraction_speed", 0, 100},
+    {"detection_time", 100, 1000},
+    {"wire_feeder_comm_type", 0, 2},
+    {"max_feed_speed", 0, 1000},
+    {"manual_feed_speed", 0, 500},
+    {"manual_retract_speed", 0, 499},
+    {"wire_feedback_detection", 0, 1997},
+    {"laser_check_out_time", 0, 498},
+};
+
+} // namespace
+
+QJsonObject runRecord(int run)
+{
+    QJsonObject record{
+        {QStringLiteral("laser_power"), run % powers},
+        {QStringLiteral("feedback_delay"), run / powers},
+        {QStringLiteral("laser_main_enable"), run % 2 == 0},
+        {QStringLiteral("feeder_enable"), run % 2 != 0},
+    };
+    for (const RunField& field : runFields)
+        record.insert(QLatin1String(field.key), field.least + run % (field.most - field.least + 1));
+    return record;
+}
+
+int runOf(const QJsonObject& record)
+{
+    const int run = record.value(QLatin1String("laser_power")).toInt(-1) +
+                    powers * record.value(QLatin1String("feedback_delay")).toInt(-1);
+    return run >= 0 && record == runRecord(run) ? run : -1;
+}

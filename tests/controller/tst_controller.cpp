@@ -1,0 +1,671 @@
+#include "Controller.h"
+#include "DefaultCell.h"
+#include "ResultCode.h"
+#include "TestCase.h"
+
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/resource.h>
+
+using namespace pendant;
+
+namespace {
+
+const QString plugin = QStringLiteral("qelLaserWelding");
+const QString setSetting = QStringLiteral("set_weld_setting_config");
+const QString setEnable = QStringLiteral("set_weld_enable");
+const QString feed = QStringLiteral("set_weld_feed_wire");
+const QString retract = QStringLiteral("set_weld_retract_wire");
+const QString gas = QStringLiteral("set_weld_manual_gas");
+const QString redLight = QStringLiteral("set_weld_red_light");
+const QString virtualWelding = QStringLiteral("set_virtual_welding");
+
+const QString setting = QStringLiteral("weld_setting_config");
+const QString weldData = QStringLiteral("laser_weld_data");
+
+/// The envelope with one answer.
+QJsonArray reply(const QString& command, const QJsonValue& returned, const QString& name = plugin)
+{
+    return {QJsonObject{
+        {name, QJsonObject{{command, QJsonObject{{QStringLiteral("return"), returned}}}}}}};
+}
+
+QJsonArray reply(const QString& command, ResultCode code)
+{
+    return reply(command, static_cast<int>(code));
+}
+
+QJsonValue weldStatus(const Controller& controller, const char* key)
+{
+    return controller.serviceData(weldData + QLatin1Char('.') + QLatin1String(key));
+}
+
+} // namespace
+
+class ControllerTest : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void newCell();
+    void newWeldIo();
+    void newLists_data();
+    void newLists();
+    void registersOfEveryKind();
+    void registerGroups();
+    void sizeIsOfTheCell();
+    void openWithoutErrorText();
+
+    void serviceData_data();
+    void serviceData();
+
+    void saves();
+    void refusedSaveStoresNothing_data();
+    void refusedSaveStoresNothing();
+    void enable();
+    void enableSurvivesInTheRecordOnly();
+    void enableRefused_data();
+    void enableRefused();
+    void keys_data();
+    void keys();
+    void keysTakeBoolsOnly_data();
+    void keysTakeBoolsOnly();
+    void wireRunsOneWay_data();
+    void wireRunsOneWay();
+    void gasPurges();
+    void toggledStatesAreStored();
+    void wireStopsWithTheConnection();
+
+    void unknownCommand();
+    void otherPlugin();
+    void severalCommands();
+    void noCommand();
+    void fullDisk();
+
+    void disconnected();
+    void powered();
+
+    void faultDelay();
+    void faultEmptyReply();
+    void faultForeignReply();
+    void faultMissingReturn();
+    void faultReturnCode();
+    void faultWrongTypes();
+    void faultRegisters();
+
+private:
+    void reopen();
+    QJsonArray send(const QString& command, const QJsonValue& payload);
+    QJsonObject stored() const { return m_controller->serviceData(setting).toObject(); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Controller> m_controller;
+    QStringList m_log;
+    QStringList m_changed;
+};
+
+void ControllerTest::init()
+{
+    TestCase::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+    reopen();
+}
+
+void ControllerTest::cleanup()
+{
+    m_controller.reset();
+    TestCase::cleanup();
+}
+
+void ControllerTest::reopen()
+{
+    m_controller.reset();
+    QString error;
+    m_controller = Controller::open(m_folder->filePath(QStringLiteral("cell")), {}, &error);
+    QVERIFY2(m_controller, qPrintable(error));
+    m_log.clear();
+    m_changed.clear();
+    connect(m_controller.get(), &Controller::logged, this,
+            [this](const QString& text) { m_log << text; });
+    connect(m_controller.get(), &Controller::recordChanged, this,
+            [this](const QString& key) { m_changed << key; });
+}
+
+QJsonArray ControllerTest::send(const QString& command, const QJsonValue& payload)
+{
+    return m_controller->command(plugin, {{command, payload}});
+}
+
+// ---------------------------------------------------------------- the new cell
+
+void ControllerTest::newCell()
+{
+    QCOMPARE(stored().size(), 18);
+    QCOMPARE(stored().value(QLatin1String("laser_power")), QJsonValue(3000));
+    QCOMPARE(stored().value(QLatin1String("laser_main_enable")), QJsonValue(false));
+    QCOMPARE(weldStatus(*m_controller, "virtual_welding_status"), QJsonValue(false));
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(false));
+    QVERIFY(!m_controller->isPowered());
+    QVERIFY(m_controller->isConnected());
+    // What a new cell holds is what the controller itself accepts.
+    QCOMPARE(send(setSetting, stored()), reply(setSetting, ResultCode::Done));
+}
+
+void ControllerTest::newWeldIo()
+{
+    const QJsonObject record =
+        m_controller->serviceData(QStringLiteral("weld_io_config")).toObject();
+    QHash<QString, int> counts;
+    QSet<QString> used;
+    for (auto each = record.begin(); each != record.end(); ++each) {
+        counts[each.key().section(QLatin1Char('_'), -1)]++;
+        const QString port = each.value().toString();
+        QVERIFY2(port.isEmpty() || !used.contains(port), qPrintable(port));
+        used.insert(port);
+    }
+    const QHash<QString, int> expected{{QStringLiteral("type"), 24},
+                                       {QStringLiteral("port"), 24},
+                                       {QStringLiteral("bias"), 24},
+                                       {QStringLiteral("enabled"), 22}};
+    QCOMPARE(counts, expected);
+    QVERIFY(!record.value(QLatin1String("laser_enable_port")).toString().isEmpty());
+    QVERIFY(!record.value(QLatin1String("gas_protect_port")).toString().isEmpty());
+}
+
+void ControllerTest::newLists_data()
+{
+    QTest::addColumn<int>("ports");
+    QTest::addColumn<int>("registers");
+    QTest::newRow("none") << 0 << 0;
+    QTest::newRow("negative") << -1 << -1;
+    QTest::newRow("few") << 1 << 1;
+    QTest::newRow("as usual") << CellSize().ports << CellSize().registers;
+    QTest::newRow("many") << 2000 << 10000;
+}
+
+void ControllerTest::newLists()
+{
+    QFETCH(int, ports);
+    QFETCH(int, registers);
+    QString error;
+    const auto controller =
+        Controller::open(m_folder->filePath(QStringLiteral("sized")), {ports, registers}, &error);
+    QVERIFY2(controller, qPrintable(error));
+    for (const char* kind : {"AI", "AO", "DI", "DO", "GI", "GO"}) {
+        const QStringList names = controller->ports(QLatin1String(kind));
+        QCOMPARE(names.size(), std::max(0, ports));
+        if (ports > 0)
+            QCOMPARE(names.last(), QLatin1String(kind) + QString::number(ports));
+    }
+    QVERIFY(controller->ports(QStringLiteral("XX")).isEmpty());
+    QVERIFY(controller->registers().isArray());
+    QCOMPARE(controller->registers().toArray().size(), std::max(0, registers));
+}
+
+void ControllerTest::registersOfEveryKind()
+{
+    QSet<QString> types;
+    QSet<QString> accesses;
+    QSet<QString> names;
+    QSet<int> lengths;
+    const QJsonArray registers = m_controller->registers().toArray();
+    for (const QJsonValue& each : registers) {
+        types.insert(each[QLatin1String("type")].toString());
+        accesses.insert(each[QLatin1String("rw")].toString());
+        names.insert(each[QLatin1String("name")].toString());
+        lengths.insert(each[QLatin1String("len")].toInt());
+    }
+    QCOMPARE(types.size(), 19); // two for bits, fourteen integers, two floating, texts
+    QCOMPARE(accesses.size(), 12);
+    QCOMPARE(names.size(), registers.size());
+    QVERIFY(!names.contains(QString()));
+    QVERIFY(lengths.contains(1) && lengths.size() > 1 && !lengths.contains(0));
+}
+
+void ControllerTest::registerGroups()
+{
+    const QHash<QString, QStringList> groups = m_controller->registerGroups();
+    QCOMPARE(groups.size(), 19);
+    int count = 0;
+    for (const QStringList& names : groups)
+        count += names.size();
+    QCOMPARE(count, CellSize().registers);
+    QVERIFY(groups.value(QStringLiteral("bool")).contains(QStringLiteral("R1")));
+}
+
+void ControllerTest::sizeIsOfTheCell()
+{
+    m_controller.reset();
+    const auto controller =
+        Controller::open(m_folder->filePath(QStringLiteral("cell")), {3, 3}, nullptr);
+    QCOMPARE(controller->ports(QStringLiteral("DI")).size(), CellSize().ports);
+}
+
+void ControllerTest::openWithoutErrorText()
+{
+    QVERIFY(!Controller::open(m_folder->path(), {}, nullptr));
+}
+
+// ---------------------------------------------------------------- reading
+
+void ControllerTest::serviceData_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("value");
+    const QJsonValue nothing(QJsonValue::Undefined);
+    const auto row = [](const char* key, const QJsonValue& value) {
+        QTest::newRow(key) << QString(QLatin1String(key)) << value;
+    };
+    row("weld_setting_config.laser_power", 3000);
+    row("laser_weld_data.virtual_welding_status", false);
+    row("laser_weld_data.weld_gas_status", false);
+    row("", nothing);
+    row(".", nothing);
+    row("none", nothing);
+    row("weld_setting_config.", nothing);
+    row(".weld_setting_config", nothing);
+    row("weld_setting_config.none", nothing);
+    row("weld_setting_config.laser_power.unit", nothing);
+    row("weld_setting_config..laser_power", nothing);
+    row("none.none", nothing);
+    row("ports", nothing);
+    row("registers", nothing);
+    row("ports.DI", nothing);
+}
+
+void ControllerTest::serviceData()
+{
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, value);
+    const QJsonValue read = m_controller->serviceData(key);
+    QCOMPARE(read, value);
+    QCOMPARE(read.type(), value.type());
+}
+
+// ---------------------------------------------------------------- commands
+
+void ControllerTest::saves()
+{
+    QJsonObject record = stored();
+    record.insert(QStringLiteral("laser_power"), 4321);
+    QCOMPARE(send(setSetting, record), reply(setSetting, ResultCode::Done));
+    QCOMPARE(stored(), record);
+    QCOMPARE(m_changed, QStringList(setting));
+    QCOMPARE(m_log, QStringList(QStringLiteral("set_weld_setting_config done")));
+    reopen();
+    QCOMPARE(stored(), record);
+}
+
+void ControllerTest::refusedSaveStoresNothing_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("value"); // undefined takes the key away
+    QTest::addColumn<int>("code");
+    const auto row = [](const char* key, const QJsonValue& value, int code) {
+        QTest::newRow(key) << QString(QLatin1String(key)) << value << code;
+    };
+    row("laser_power", 10000, 6);
+    row("feeder_enable", 1, 3);
+    row("detection_time", QJsonValue::Undefined, 4);
+    row("laser_colour", 1, 5);
+}
+
+void ControllerTest::refusedSaveStoresNothing()
+{
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, value);
+    QFETCH(int, code);
+    const QJsonObject before = stored();
+    QJsonObject record = before;
+    record.insert(key, value);
+    QCOMPARE(send(setSetting, record), reply(setSetting, code));
+    QCOMPARE(stored(), before);
+    QVERIFY(m_changed.isEmpty());
+    QCOMPARE(m_log.size(), 1);
+    QVERIFY2(
+        m_log.first().startsWith(
+            QStringLiteral("set_weld_setting_config refused with %1: \"%2\"").arg(code).arg(key)),
+        qPrintable(m_log.first()));
+    reopen();
+    QCOMPARE(stored(), before);
+}
+
+void ControllerTest::enable()
+{
+    const QJsonObject before = stored();
+    QCOMPARE(m_controller->textCommand(plugin, setEnable, QStringLiteral("TRUE")),
+             reply(setEnable, true));
+    QCOMPARE(weldStatus(*m_controller, "weld_enable_status"), QJsonValue(true));
+    QCOMPARE(m_changed, QStringList(weldData));
+    QCOMPARE(m_controller->textCommand(plugin, setEnable, QStringLiteral("FALSE")),
+             reply(setEnable, true));
+    QCOMPARE(weldStatus(*m_controller, "weld_enable_status"), QJsonValue(false));
+    QCOMPARE(stored(), before);
+}
+
+void ControllerTest::enableSurvivesInTheRecordOnly()
+{
+    QJsonObject record = stored();
+    record.insert(QStringLiteral("laser_main_enable"), true);
+    m_controller->textCommand(plugin, setEnable, QStringLiteral("TRUE"));
+    send(setSetting, record);
+    m_controller->textCommand(plugin, setEnable, QStringLiteral("FALSE"));
+    QCOMPARE(stored().value(QLatin1String("laser_main_enable")), QJsonValue(true));
+    m_controller->textCommand(plugin, setEnable, QStringLiteral("TRUE"));
+    reopen();
+    QCOMPARE(stored().value(QLatin1String("laser_main_enable")), QJsonValue(true));
+    QCOMPARE(weldStatus(*m_controller, "weld_enable_status"), QJsonValue(false));
+}
+
+void ControllerTest::enableRefused_data()
+{
+    QTest::addColumn<QJsonValue>("payload");
+    QTest::addColumn<bool>("isPowered");
+    QTest::addColumn<int>("code");
+    const QJsonValue on = QStringLiteral("TRUE");
+    QTest::newRow("powered, on") << on << true << 8;
+    QTest::newRow("powered, off") << QJsonValue(QStringLiteral("FALSE")) << true << 8;
+    QTest::newRow("lower case") << QJsonValue(QStringLiteral("true")) << false << 6;
+    QTest::newRow("blank") << QJsonValue(QStringLiteral("TRUE ")) << false << 6;
+    QTest::newRow("empty") << QJsonValue(QString()) << false << 6;
+    QTest::newRow("bool") << QJsonValue(true) << false << 3;
+    QTest::newRow("number") << QJsonValue(1) << false << 3;
+    QTest::newRow("null") << QJsonValue() << false << 3;
+    QTest::newRow("object") << QJsonValue(QJsonObject()) << false << 3;
+}
+
+void ControllerTest::enableRefused()
+{
+    QFETCH(QJsonValue, payload);
+    QFETCH(bool, isPowered);
+    QFETCH(int, code);
+    m_controller->setPowered(isPowered);
+    QCOMPARE(send(setEnable, payload), reply(setEnable, false));
+    QCOMPARE(weldStatus(*m_controller, "weld_enable_status"), QJsonValue(false));
+    QCOMPARE(m_log.size(), 1);
+    QVERIFY2(
+        m_log.first().startsWith(QStringLiteral("set_weld_enable refused with %1: ").arg(code)),
+        qPrintable(m_log.first()));
+}
+
+void ControllerTest::keys_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QByteArray>("status");
+    QTest::newRow("virtual") << virtualWelding << QByteArray("virtual_welding_status");
+    QTest::newRow("red light") << redLight << QByteArray("weld_redlight_status");
+    QTest::newRow("feed") << feed << QByteArray("weld_feed_wire_status");
+    QTest::newRow("retract") << retract << QByteArray("weld_retract_wire_status");
+    QTest::newRow("gas") << gas << QByteArray("weld_gas_status");
+}
+
+void ControllerTest::keys()
+{
+    QFETCH(QString, command);
+    QFETCH(QByteArray, status);
+    for (bool on : {true, true, false, false}) {
+        QCOMPARE(send(command, on), reply(command, ResultCode::Done));
+        QCOMPARE(weldStatus(*m_controller, status.constData()), QJsonValue(on));
+    }
+    QCOMPARE(m_changed, QStringList({weldData, weldData}));
+    QCOMPARE(m_log.size(), 4);
+}
+
+void ControllerTest::keysTakeBoolsOnly_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QJsonValue>("payload");
+    for (const QString& command : {feed, retract, gas, redLight, virtualWelding}) {
+        const auto row = [&](const char* name, const QJsonValue& payload) {
+            QTest::addRow("%s %s", qPrintable(command), name) << command << payload;
+        };
+        row("null", {});
+        row("number", 1);
+        row("text", QStringLiteral("true"));
+        row("array", QJsonArray{true});
+        row("object", QJsonObject{{command, true}});
+    }
+}
+
+void ControllerTest::keysTakeBoolsOnly()
+{
+    QFETCH(QString, command);
+    QFETCH(QJsonValue, payload);
+    const QJsonValue before = m_controller->serviceData(weldData);
+    QCOMPARE(send(command, payload), reply(command, ResultCode::WrongType));
+    QCOMPARE(m_controller->serviceData(weldData), before);
+    QVERIFY(m_log.value(0).contains(QLatin1String("true or false")));
+}
+
+void ControllerTest::wireRunsOneWay_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("feed first") << feed << retract;
+    QTest::newRow("retract first") << retract << feed;
+}
+
+void ControllerTest::wireRunsOneWay()
+{
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    QCOMPARE(send(first, true), reply(first, ResultCode::Done));
+    QCOMPARE(send(second, true), reply(second, ResultCode::Conflict));
+    QCOMPARE(send(second, false), reply(second, ResultCode::Done)); // the release of that key
+    QCOMPARE(send(first, false), reply(first, ResultCode::Done));
+    QCOMPARE(send(second, true), reply(second, ResultCode::Done));
+}
+
+void ControllerTest::gasPurges()
+{
+    QJsonObject record = stored();
+    record.insert(QStringLiteral("manual_gas_time"), 1000);
+    send(setSetting, record);
+    m_changed.clear();
+    QElapsedTimer clock;
+    clock.start();
+    send(gas, true);
+    QCOMPARE(weldStatus(*m_controller, "weld_gas_status"), QJsonValue(true));
+    QTRY_COMPARE(weldStatus(*m_controller, "weld_gas_status"), QJsonValue(false));
+    QVERIFY(clock.elapsed() >= 1000);
+    QTRY_COMPARE(m_changed, QStringList({weldData, weldData}));
+}
+
+void ControllerTest::toggledStatesAreStored()
+{
+    send(virtualWelding, true);
+    send(redLight, true);
+    send(feed, true);
+    reopen();
+    QCOMPARE(weldStatus(*m_controller, "virtual_welding_status"), QJsonValue(true));
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(true));
+    QCOMPARE(weldStatus(*m_controller, "weld_feed_wire_status"), QJsonValue(false));
+}
+
+void ControllerTest::wireStopsWithTheConnection()
+{
+    send(feed, true);
+    m_controller->setConnected(false);
+    m_controller->setConnected(true);
+    QCOMPARE(weldStatus(*m_controller, "weld_feed_wire_status"), QJsonValue(false));
+}
+
+void ControllerTest::unknownCommand()
+{
+    const QString name = QStringLiteral("set_weld_everything");
+    QCOMPARE(send(name, true), reply(name, ResultCode::UnknownCommand));
+    QCOMPARE(m_controller->textCommand(plugin, name, QStringLiteral("TRUE")),
+             reply(name, ResultCode::UnknownCommand));
+    QVERIFY(m_log.value(0).contains(name));
+}
+
+void ControllerTest::otherPlugin()
+{
+    const QString name = QStringLiteral("qelArcWelding");
+    QCOMPARE(m_controller->command(name, {{redLight, true}}), reply(redLight, 1, name));
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(false));
+    QVERIFY(m_log.value(0).contains(name));
+}
+
+void ControllerTest::severalCommands()
+{
+    QJsonObject record = stored();
+    record.insert(QStringLiteral("laser_power"), 1);
+    const QJsonArray answered = m_controller->command(
+        plugin, {{feed, true}, {retract, true}, {setSetting, record}, {redLight, 1}});
+    const QJsonObject answers = answered.at(0).toObject().value(plugin).toObject();
+    QCOMPARE(answered.size(), 1);
+    QCOMPARE(answers.size(), 4);
+    QCOMPARE(answers.value(feed), QJsonValue(QJsonObject{{QStringLiteral("return"), 0}}));
+    QCOMPARE(answers.value(retract), QJsonValue(QJsonObject{{QStringLiteral("return"), 7}}));
+    QCOMPARE(answers.value(redLight), QJsonValue(QJsonObject{{QStringLiteral("return"), 3}}));
+    QCOMPARE(answers.value(setSetting), QJsonValue(QJsonObject{{QStringLiteral("return"), 0}}));
+    QCOMPARE(stored(), record);
+}
+
+void ControllerTest::noCommand()
+{
+    QCOMPARE(m_controller->command(plugin, {}), QJsonArray{QJsonObject({{plugin, QJsonObject()}})});
+    QVERIFY(m_log.isEmpty());
+}
+
+/// Nothing of a call whose transaction fails is done, neither in the cell nor at the device.
+void ControllerTest::fullDisk()
+{
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit none{1, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &none);
+    const QJsonArray answered = m_controller->command(plugin, {{feed, true}, {redLight, true}});
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+
+    const QJsonObject notStored{{QStringLiteral("return"), 9}};
+    const QJsonObject answers{{feed, notStored}, {redLight, notStored}};
+    QCOMPARE(answered, QJsonArray{QJsonObject({{plugin, answers}})});
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(false));
+    QCOMPARE(weldStatus(*m_controller, "weld_feed_wire_status"), QJsonValue(false));
+    QVERIFY(m_changed.isEmpty());
+    QVERIFY(m_log.value(0).contains(m_controller->fileName()));
+    QCOMPARE(send(redLight, true), reply(redLight, ResultCode::Done));
+}
+
+// ---------------------------------------------------------------- connection and power
+
+void ControllerTest::disconnected()
+{
+    QSignalSpy changed(m_controller.get(), &Controller::connectionChanged);
+    m_controller->setConnected(false);
+    m_controller->setConnected(false);
+    QCOMPARE(changed, QList<QVariantList>{{false}});
+    QVERIFY(!m_controller->isConnected());
+    QVERIFY(m_controller->serviceData(setting).isUndefined());
+    QVERIFY(m_controller->registers().isUndefined());
+    QVERIFY(m_controller->registerGroups().isEmpty());
+    QVERIFY(m_controller->ports(QStringLiteral("DI")).isEmpty());
+    QCOMPARE(send(redLight, true), QJsonArray());
+    m_controller->setConnected(true);
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(false));
+    QCOMPARE(m_controller->ports(QStringLiteral("DI")).size(), CellSize().ports);
+}
+
+void ControllerTest::powered()
+{
+    QSignalSpy changed(m_controller.get(), &Controller::powerChanged);
+    m_controller->setPowered(true);
+    m_controller->setPowered(true);
+    QVERIFY(m_controller->isPowered());
+    m_controller->setPowered(false);
+    QCOMPARE(changed, QList<QVariantList>({{true}, {false}}));
+}
+
+// ---------------------------------------------------------------- faults
+
+void ControllerTest::faultDelay()
+{
+    Faults faults;
+    faults.replyDelay = 60;
+    m_controller->setFaults(faults);
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(send(redLight, true), reply(redLight, ResultCode::Done));
+    QVERIFY(clock.elapsed() >= 60);
+    QCOMPARE(m_controller->faults().replyDelay, 60);
+}
+
+void ControllerTest::faultEmptyReply()
+{
+    Faults faults;
+    faults.emptyReply = true;
+    m_controller->setFaults(faults);
+    QCOMPARE(send(redLight, true), QJsonArray());
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(true));
+}
+
+void ControllerTest::faultForeignReply()
+{
+    Faults faults;
+    faults.foreignReply = true;
+    m_controller->setFaults(faults);
+    const QJsonArray answered = send(redLight, true);
+    const QStringList names = answered.at(0).toObject().keys();
+    QCOMPARE(names.size(), 1);
+    QVERIFY(names.first() != plugin);
+    QCOMPARE(answered, reply(redLight, 0, names.first()));
+}
+
+void ControllerTest::faultMissingReturn()
+{
+    Faults faults;
+    faults.missingReturn = true;
+    m_controller->setFaults(faults);
+    const QJsonObject answers{{redLight, QJsonObject()}};
+    QCOMPARE(send(redLight, true), QJsonArray{QJsonObject({{plugin, answers}})});
+}
+
+void ControllerTest::faultReturnCode()
+{
+    const QJsonObject before = stored();
+    QJsonObject record = before;
+    record.insert(QStringLiteral("laser_power"), 1);
+    Faults faults;
+    faults.returnCode = 42;
+    m_controller->setFaults(faults);
+    QCOMPARE(send(setSetting, record), reply(setSetting, 42));
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, false));
+    QCOMPARE(stored(), before);
+    QCOMPARE(weldStatus(*m_controller, "weld_enable_status"), QJsonValue(false));
+}
+
+void ControllerTest::faultWrongTypes()
+{
+    Faults faults;
+    faults.wrongTypes = true;
+    m_controller->setFaults(faults);
+    QCOMPARE(stored().value(QLatin1String("laser_power")), QJsonValue(QStringLiteral("3000")));
+    QCOMPARE(stored().value(QLatin1String("laser_main_enable")), QJsonValue(0));
+    const QString port = QStringLiteral("weld_io_config.laser_enable_port");
+    QCOMPARE(m_controller->serviceData(port), QJsonValue(3)); // the length of "DO1"
+    QCOMPARE(send(redLight, true), reply(redLight, QStringLiteral("0")));
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, 1));
+    m_controller->setFaults({});
+    QCOMPARE(stored().value(QLatin1String("laser_power")), QJsonValue(3000));
+}
+
+void ControllerTest::faultRegisters()
+{
+    Faults faults;
+    faults.registersNoArray = true;
+    m_controller->setFaults(faults);
+    QVERIFY(m_controller->registers().isObject());
+    QVERIFY(!m_controller->registerGroups().isEmpty());
+}
+
+LASERWELD_CORE_TEST_MAIN(ControllerTest)
+#include "tst_controller.moc"
