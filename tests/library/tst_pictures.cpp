@@ -162,7 +162,7 @@ void Pictures::isThere_data()
         row(keyPicture(key, "Pressed"), {626, 626});
         row(keyPicture(key, "Unpressed"), {626, 626});
     }
-    row(arrow, {24, 24});
+    row(arrow, {20, 20});
 }
 
 void Pictures::isThere()
