@@ -1,11 +1,27 @@
 #include "StackedWidgetFit.h"
 
+#include <QEvent>
 #include <QLayout>
+#include <QPointer>
 #include <QScrollArea>
+#include <QVector>
 
 #include <algorithm>
 
 namespace {
+
+/// The pages whose minimum is being taken, innermost last. Their sizes are not the real ones, and
+/// what they ask for meanwhile must not start another measurement.
+QVector<const QWidget*>& measuredPages()
+{
+    static QVector<const QWidget*> pages;
+    return pages;
+}
+
+bool isMeasured(const QWidget* page)
+{
+    return measuredPages().contains(page);
+}
 
 bool isFitted(const QWidget* page)
 {
@@ -15,36 +31,51 @@ bool isFitted(const QWidget* page)
     return policy == QSizePolicy::Fixed || policy == QSizePolicy::Minimum;
 }
 
+int minimumHeight(const QWidget* page)
+{
+    return page && page->layout() ? page->layout()->totalMinimumSize().height() : 0;
+}
+
+/// Takes the minimum at no height, since what stands on the page may ask for less the more it has.
+int measuredMinimum(QWidget* page, int width)
+{
+    if (!page->layout() || isMeasured(page))
+        return minimumHeight(page);
+    const QPointer<QWidget> alive(page);
+    const QSize before = page->size();
+    measuredPages().append(page);
+    page->resize(width, 0);
+    if (alive && page->layout())
+        page->layout()->activate();
+    const int height = minimumHeight(alive);
+    if (alive && before.isValid())
+        page->resize(before);
+    measuredPages().removeLast();
+    return height;
+}
+
 int contentHeight(QWidget* page, int width)
 {
     width = std::max(width, 1);
     if (!page)
         return 0;
     page->ensurePolished();
-    if (page->hasHeightForWidth()) {
-        const int height = page->heightForWidth(width);
-        if (height > 0)
-            return height;
-    }
-    QLayout* layout = page->layout();
-    if (!layout)
-        return 0;
-    const int height = layout->totalHeightForWidth(width);
-    if (height > 0)
-        return height;
-    const QSize before = page->size();
-    page->resize(width, 0);
-    layout->activate();
-    const int minimum = layout->totalMinimumSize().height();
-    page->resize(before);
-    return minimum;
+    const int ownHeight = page->hasHeightForWidth() ? page->heightForWidth(width) : 0;
+    if (ownHeight > 0)
+        return ownHeight;
+    const QLayout* layout = page->layout();
+    // A layout without a height for a width says -1, to which Qt would add the page's margins.
+    const bool answers = layout && layout->heightForWidth(width) >= 0;
+    const int layoutHeight = answers ? layout->totalHeightForWidth(width) : 0;
+    return layoutHeight > 0 ? layoutHeight : measuredMinimum(page, width);
 }
 
 void placeFitted(QWidget* page, QSize room)
 {
+    const QPointer<QWidget> alive(page);
     const int width = std::max(room.width(), 1);
     const int content = contentHeight(page, width);
-    if (content >= 1)
+    if (alive && content >= 1)
         page->setGeometry(0, 0, width, std::min(std::max(room.height(), 1), content));
 }
 
@@ -74,15 +105,13 @@ void StackedWidgetFit::recomputeSize()
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMinimumHeight(0);
     setMaximumHeight(QWIDGETSIZE_MAX);
-    QWidget* page = currentWidget();
-    if (!isFitted(page)) {
-        if (page)
-            page->setGeometry(rect());
+    if (!isFitted(currentWidget())) {
+        placePage();
         updateGeometry();
         return;
     }
     updateGeometry();
-    placeFitted(page, size());
+    placePage();
     for (QWidget* above = parentWidget(); above; above = above->parentWidget()) {
         above->updateGeometry();
         if (qobject_cast<QScrollArea*>(above))
@@ -93,11 +122,28 @@ void StackedWidgetFit::recomputeSize()
 void StackedWidgetFit::resizeEvent(QResizeEvent* event)
 {
     QStackedWidget::resizeEvent(event);
-    QWidget* page = currentWidget();
-    if (isFitted(page)) {
-        placeFitted(page, size());
+    if (placePage())
         updateGeometry();
-    } else if (page) {
+}
+
+bool StackedWidgetFit::event(QEvent* event)
+{
+    const bool handled = QStackedWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest)
+        placePage();
+    return handled;
+}
+
+/// Fits the current page or lets it fill. True for a fitted page.
+bool StackedWidgetFit::placePage()
+{
+    QWidget* page = currentWidget();
+    if (!page || isMeasured(page))
+        return false;
+    if (!isFitted(page)) {
         page->setGeometry(rect());
+        return false;
     }
+    placeFitted(page, size());
+    return true;
 }

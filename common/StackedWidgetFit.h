@@ -3,6 +3,9 @@
 #include <QStackedWidget>
 
 /// A stack that takes the height of its current page instead of that of its tallest one.
+///
+/// A page whose vertical size policy is Fixed or Minimum is fitted to its content; any other page
+/// fills the stack and takes no part in the stack's hints.
 class StackedWidgetFit : public QStackedWidget
 {
     Q_OBJECT
@@ -11,6 +14,7 @@ public:
     explicit StackedWidgetFit(QWidget* parent);
 
     QSize sizeHint() const override;
+    /// Asks for the content height of a fitted page that is higher than the stack, else for none.
     QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
@@ -19,4 +23,9 @@ public Q_SLOTS:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    /// The stack's own layout fills it with the page at each request; a fitted page is put back.
+    bool event(QEvent* event) override;
+
+private:
+    bool placePage();
 };

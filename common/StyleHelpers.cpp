@@ -34,9 +34,12 @@ const char FrameSheet[] =
     R"(QFrame QDoubleSpinBox::up-button,QFrame QDoubleSpinBox::down-button{width:10px;)"
     R"(border:none;})";
 
+// A label is a frame: its rule comes behind, or one that stands in no frame would get the border.
+// A popup's row needs a border rule, be it none, for its padding to show, and a rule of its own for
+// the selection to be flat.
 const char BaseSheet[] =
-    R"(QLabel,QFrame QLabel{border:none;font:400 10pt "Microsoft YaHei UI";})"
     R"(QFrame{border:1px solid #c8c8c8;border-radius:8px;})"
+    R"(QLabel,QFrame QLabel{border:none;font:400 10pt "Microsoft YaHei UI";})"
     R"(QFrame QLabel[type="title"]{border:none;font:600 10pt "Microsoft YaHei UI";})"
     R"(QComboBox{font:400 9pt "Microsoft YaHei UI";padding:0px 32px 0px 6px;)"
     R"(border:2px solid #E4E4E4;border-radius:10px;combobox-popup:0;background:#ffffff;)"
@@ -47,7 +50,8 @@ const char BaseSheet[] =
     R"(padding:5px;})"
     R"(QComboBox QAbstractItemView{border:2px solid #E4E4E4;outline:0;)"
     R"(selection-background-color:#007cf9;selection-color:#ffffff;})"
-    R"(QComboBox QAbstractItemView::item{min-height:36px;padding:2px 8px;})"
+    R"(QComboBox QAbstractItemView::item{min-height:36px;padding:2px 8px;border:none;})"
+    R"(QComboBox QAbstractItemView::item:selected{background:#007cf9;color:#ffffff;})"
     R"(QFrame QSpinBox,QFrame QDoubleSpinBox{font:400 10pt "Microsoft YaHei UI";)"
     R"(border:1px solid;border-radius:4px;padding:2px 4px;})"
     R"(QFrame QSpinBox::up-button,QFrame QSpinBox::down-button,)"
@@ -98,6 +102,9 @@ void applyConfigFrameStyle(QWidget* frame)
     const QString combo = comboStyleSheet(frame, height, UiScale::pixels(6, frame),
                                           std::max(18, UiScale::pixels(22, frame)), true);
     UiScale::setStyleSheet(frame, QString(QLatin1String(FrameSheet)).arg(combo).arg(height));
+    const auto boxes = frame->findChildren<QComboBox*>();
+    for (QComboBox* each : boxes)
+        UiScale::styleComboRows(each);
 }
 
 void applyBaseStyle(QWidget* widget)

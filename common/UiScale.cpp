@@ -19,6 +19,8 @@
 #include <QScreen>
 #include <QSet>
 #include <QSpinBox>
+#include <QStyle>
+#include <QStyledItemDelegate>
 #include <QWindow>
 
 #include <algorithm>
@@ -191,6 +193,17 @@ void relaxContainers(const QWidget* root)
     }
 }
 
+/// The view of a popup keeps the rules of the moment in which it was made. A sheet that is set
+/// before the first show reaches it only so.
+void repolishViews(const QWidget* root)
+{
+    const auto views = root->findChildren<QAbstractItemView*>();
+    for (QAbstractItemView* each : views) {
+        if (each->testAttribute(Qt::WA_WState_Polished))
+            each->style()->polish(each);
+    }
+}
+
 void installFixer(QComboBox* combo, const char* marker, int maxRows, bool below)
 {
     if (!combo || combo->property(marker).toBool() || !combo->view())
@@ -298,6 +311,7 @@ void tuneComboPopup(QComboBox* combo, int maxVisible)
     if (!combo)
         return;
     combo->setMaxVisibleItems(maxVisible);
+    styleComboRows(combo);
     QAbstractItemView* view = combo->view();
     if (auto* list = qobject_cast<QListView*>(view)) {
         list->setUniformItemSizes(true);
@@ -308,6 +322,15 @@ void tuneComboPopup(QComboBox* combo, int maxVisible)
         view->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
+}
+
+void styleComboRows(QComboBox* combo)
+{
+    if (!combo)
+        return;
+    if (!qobject_cast<QStyledItemDelegate*>(combo->itemDelegate()))
+        combo->setItemDelegate(new QStyledItemDelegate(combo));
+    repolishViews(combo);
 }
 
 void fixComboPopupBelow(QComboBox* combo, int maxRows)
@@ -337,9 +360,14 @@ QString styleSheet(const QString& css, QWidget* widget)
 
 void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf)
 {
+    if (!widget)
+        return;
     const QString sheet = styleSheet(css, scaleOf ? scaleOf : widget);
-    if (widget->styleSheet() != sheet)
-        widget->setStyleSheet(sheet);
+    if (widget->styleSheet() == sheet)
+        return;
+    widget->setStyleSheet(sheet);
+    if (!widget->testAttribute(Qt::WA_WState_Polished))
+        repolishViews(widget);
 }
 
 } // namespace UiScale

@@ -24,7 +24,9 @@ int pointSize(int pt, QWidget* widget);
 int pixels(int px, QWidget* widget);
 /// The number times the zoom and the softened screen scale, at least 1.
 int scaledPixels(int px, QWidget* widget);
+/// Height of a table row.
 int rowHeight(QWidget* widget);
+/// Height of an input control: 28 scaled, or what its text needs.
 int controlHeight(QWidget* widget);
 /// Height of a field on a dense page, 20 to 26.
 int fieldHeightCap(QWidget* widget);
@@ -40,13 +42,19 @@ void relaxPageLimits(QWidget* root, QWidget* widget);
 
 /// Width that the widest item of the box needs.
 int comboContentWidth(QComboBox* combo, QWidget* widget);
+/// Popup list of at most `maxVisible` rows of one height, scrolled row by row.
 void tuneComboPopup(QComboBox* combo, int maxVisible);
-/// Keeps the popup at its content's height, at most `maxRows` rows, and right under the box.
+/// Lets the style sheet's ::item rules draw the rows of the popup. The delegate that a combo box
+/// comes with takes no notice of them.
+void styleComboRows(QComboBox* combo);
+/// Keeps the popup at its content's height, at most `maxRows` rows (10 for 0 or less), and right
+/// under the box.
 void fixComboPopupBelow(QComboBox* combo, int maxRows);
-/// Keeps the popup at its content's height, at most `maxRows` rows.
+/// Keeps the popup at its content's height, at most `maxRows` rows (10 for 0 or less).
 void fixComboPopupHeight(QComboBox* combo, int maxRows);
 
-/// Multiplies the point sizes and the pixel font sizes of a style sheet.
+/// Multiplies the point sizes and the pixel font sizes of a style sheet, each at least 1 then. All
+/// other lengths stay as they are.
 QString scaleStyleSheet(const QString& css, double factor);
 /// The style sheet for the widget's screen. Every sheet of the plugin goes through it.
 QString styleSheet(const QString& css, QWidget* widget);
