@@ -1,5 +1,7 @@
 #include "TestCase.h"
 
+#include "logfile.h"
+
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -56,6 +58,8 @@ void TestCase::init()
     expected.clear();
     unexpected.clear();
     before = qInstallMessageHandler(handleMessage);
+    // The test may have gone to another working directory.
+    qelplugin::recheckLogFiles();
 }
 
 void TestCase::cleanup()
