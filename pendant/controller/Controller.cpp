@@ -14,7 +14,7 @@ namespace pendant {
 namespace {
 
 /// The one plugin that the controller serves.
-constexpr QLatin1String servedPlugin("qelLaserWelding");
+const QLatin1String servedPlugin("qelLaserWelding");
 
 /// A command of one call with its outcome.
 struct Order

@@ -6,7 +6,7 @@ namespace pendant {
 namespace {
 
 /// Under which a reply stands that is none for the plugin that asked.
-constexpr QLatin1String foreignPlugin("qelOtherProcess");
+const QLatin1String foreignPlugin("qelOtherProcess");
 
 } // namespace
 

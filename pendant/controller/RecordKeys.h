@@ -6,15 +6,15 @@
 namespace pendant::keys {
 
 // Service items: what a plugin may read.
-inline constexpr QLatin1String weldSetting("weld_setting_config");
-inline constexpr QLatin1String weldIo("weld_io_config");
-inline constexpr QLatin1String weldData("laser_weld_data");
+inline const QLatin1String weldSetting("weld_setting_config");
+inline const QLatin1String weldIo("weld_io_config");
+inline const QLatin1String weldData("laser_weld_data");
 
 // Lists of the cell that are no service items.
-inline constexpr QLatin1String ports("ports");
-inline constexpr QLatin1String registers("registers");
+inline const QLatin1String ports("ports");
+inline const QLatin1String registers("registers");
 
 // Fields that the controller itself uses.
-inline constexpr QLatin1String manualGasTime("manual_gas_time");
+inline const QLatin1String manualGasTime("manual_gas_time");
 
 } // namespace pendant::keys

@@ -10,7 +10,7 @@ namespace {
 /// How long a statement waits for a lock that another process holds, in milliseconds.
 constexpr int lockWait = 500;
 
-constexpr QLatin1String driverName("QSQLITE");
+const QLatin1String driverName("QSQLITE");
 
 QString options(SqlConnection::Access access)
 {

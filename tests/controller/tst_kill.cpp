@@ -18,7 +18,6 @@ public:
     {
         const QString program =
             QCoreApplication::applicationDirPath() + QStringLiteral("/kill_writer");
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(program, {cell, QString::number(first)});
     }
 
@@ -44,6 +43,15 @@ public:
         m_output += m_process.readAllStandardOutput();
         return isRunning && m_process.exitStatus() == QProcess::CrashExit;
     }
+
+    /// True when the process ended by itself and without success.
+    bool waitForFailure()
+    {
+        return m_process.waitForFinished() && m_process.exitStatus() == QProcess::NormalExit &&
+               m_process.exitCode() != 0;
+    }
+
+    QString errors() { return QString::fromLocal8Bit(m_process.readAllStandardError()); }
 
     /// The last number that was answered with success; -1 when there was none.
     int lastAnswered() const
@@ -76,6 +84,8 @@ private Q_SLOTS:
     void killedWhileSaving_data();
     void killedWhileSaving();
     void killedWhileMaking();
+    void lockedByTheOther();
+    void lockedForTheOther();
 
 private:
     QString path(const QString& name) const { return m_folder.filePath(name); }
@@ -166,6 +176,33 @@ void KillTest::killedWhileMaking()
         QCOMPARE(record.size(), runRecord(0).size());
         QVERIFY(writer.lastAnswered() < 0 || runOf(record) >= writer.lastAnswered());
     }
+}
+
+void KillTest::lockedByTheOther()
+{
+    const QString cell = path(QStringLiteral("busy.cell"));
+    Writer writer(cell, 0);
+    QVERIFY(writer.waitForAnswers(1));
+    QString error;
+    QVERIFY(!Controller::open(cell, {}, &error));
+    QVERIFY2(error.contains(QLatin1String("open in another pendant")), qPrintable(error));
+    QVERIFY2(writer.waitForAnswers(20), "the refused look has disturbed the other");
+    QVERIFY(writer.kill());
+    QVERIFY2(Controller::open(cell, {}, &error), qPrintable(error));
+}
+
+void KillTest::lockedForTheOther()
+{
+    const QString cell = path(QStringLiteral("mine.cell"));
+    QString error;
+    const auto controller = Controller::open(cell, {}, &error);
+    QVERIFY2(controller, qPrintable(error));
+    // A second look from within the process must not open the door to the others.
+    QVERIFY(!Controller::open(cell, {}, &error));
+    Writer writer(cell, 0);
+    QVERIFY(writer.waitForFailure());
+    const QString errors = writer.errors();
+    QVERIFY2(errors.contains(QLatin1String("open in another pendant")), qPrintable(errors));
 }
 
 LASERWELD_CORE_TEST_MAIN(KillTest)
