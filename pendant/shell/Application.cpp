@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace pendant {
@@ -38,13 +39,8 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-// Both have to be known before the application is made.
-void prepareScreen(Options* options)
+void becomeOffscreen(Options* options)
 {
-    if (options->dpi > 0)
-        qputenv("QT_FONT_DPI", QByteArray::number(options->dpi));
-    if (hasDisplay())
-        return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (options->tourFolder.isEmpty()) {
         options->tourFolder = QStringLiteral("tour");
@@ -52,6 +48,19 @@ void prepareScreen(Options* options)
               QStringLiteral("There is no display: the pendant takes the tour and leaves its "
                              "pictures in ./tour. See --help.\n"));
     }
+}
+
+// Both have to be known before the application is made.
+void prepareScreen(Options* options)
+{
+    if (!hasDisplay())
+        becomeOffscreen(options);
+    // A platform without a screen would take one of its own.
+    if (options->dpi == 0 && qgetenv("QT_QPA_PLATFORM") == "offscreen" &&
+        qEnvironmentVariableIsEmpty("QT_FONT_DPI"))
+        options->dpi = 96;
+    if (options->dpi > 0)
+        qputenv("QT_FONT_DPI", QByteArray::number(options->dpi));
 }
 
 void makeAbsolute(QString* path)
@@ -121,12 +130,12 @@ QStringList argumentList(int argc, char** argv)
 QString defaultPluginFolder(const QString& programFolder)
 {
     const QDir program(programFolder);
-    for (const char* each : PluginFolders) {
-        const QString folder = program.absoluteFilePath(QString::fromLatin1(each));
-        if (QDir(folder).exists())
-            return QDir::cleanPath(folder);
-    }
-    return QDir::cleanPath(program.absoluteFilePath(QString::fromLatin1(PluginFolders[0])));
+    QStringList folders;
+    for (const char* each : PluginFolders)
+        folders << QDir::cleanPath(program.absoluteFilePath(QString::fromLatin1(each)));
+    const auto there = std::find_if(folders.cbegin(), folders.cend(),
+                                    [](const QString& folder) { return QDir(folder).exists(); });
+    return there == folders.cend() ? folders.first() : *there;
 }
 
 void fillPaths(Options* options, const QString& data)

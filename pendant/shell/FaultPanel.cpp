@@ -42,8 +42,7 @@ FaultPanel::FaultPanel(Controller& controller, QWidget* parent)
         "power", tr("Robot powered"), [this] { return machine.isPowered(); },
         [this](bool on) { machine.setPowered(on); });
     addSwitch(
-        "virtual", tr("Virtual welding, set at the controller"),
-        [this] { return virtualWelding(machine); },
+        "virtual", tr("Cell in virtual welding"), [this] { return virtualWelding(machine); },
         [this](bool on) { setVirtualWelding(machine, on); });
     for (const FaultRow& row : faultRows())
         addFault(row);

@@ -51,6 +51,9 @@ MainWindow::MainWindow(Controller& controller, QWidget* parent)
 {
     setObjectName(QStringLiteral("pendant"));
     setWindowTitle(tr("Pendant"));
+    // No button is marked before the operator has chosen one.
+    setFocusPolicy(Qt::ClickFocus);
+    setFocus();
     build(controller);
     follow(controller);
     connect(tabs, &QTabBar::currentChanged, this, &MainWindow::selectPage);

@@ -26,7 +26,9 @@ TopBar::TopBar(QWidget* parent)
     , user(nullptr)
 {
     setObjectName(QStringLiteral("topBar"));
+    // By the palette: a style sheet would reach the indicators of the plugins.
     setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
     const int gap = Theme::px(8);
     row->setContentsMargins(gap, gap, gap, gap);
     row->setSpacing(gap);
@@ -44,7 +46,6 @@ TopBar::TopBar(QWidget* parent)
     connect(power, &LampButton::clicked, this, &TopBar::powerClicked);
     connect(user, &LampButton::clicked, this, &TopBar::userClicked);
     showUser(0);
-    // On the label and not on the bar: an indicator keeps its own look.
     Theme::dress(title);
 }
 

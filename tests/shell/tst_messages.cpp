@@ -1,0 +1,148 @@
+#include "MessageModel.h"
+#include "MessagePage.h"
+#include "MessageStrip.h"
+#include "TestCase.h"
+#include "Theme.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemModelTester>
+#include <QLabel>
+#include <QTableView>
+
+using namespace pendant;
+
+namespace {
+
+Message message(int level, const QString& text)
+{
+    return {QDateTime(QDate(2024, 5, 6), QTime(7, 8, 9)), QStringLiteral("weld"), level, text};
+}
+
+QVariant shown(const MessageModel& model, int row, int column, int role = Qt::DisplayRole)
+{
+    return model.data(model.index(row, column), role);
+}
+
+} // namespace
+
+class TestMessages : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void severities_data();
+    void severities();
+    void theNewestComesFirst();
+    void theOldestGoesWhenItIsFull();
+    void clearEmptiesTheHistory();
+    void toolTipNamesThePlugin();
+    void theModelKeepsItsRules();
+    void stripShowsTheLastMessage();
+    void stripTakesPlainText();
+    void pageHasItsClearButton();
+};
+
+void TestMessages::severities_data()
+{
+    QTest::addColumn<int>("level");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("information") << 0 << QStringLiteral("Information");
+    QTest::newRow("warning") << 1 << QStringLiteral("Warning");
+    QTest::newRow("error") << 2 << QStringLiteral("Error");
+    QTest::newRow("beyond") << 3 << QStringLiteral("Level 3");
+    QTest::newRow("below") << -1 << QStringLiteral("Level -1");
+}
+
+void TestMessages::severities()
+{
+    QFETCH(int, level);
+    QFETCH(QString, name);
+    MessageModel model;
+    model.add(message(level, QStringLiteral("text")));
+    QCOMPARE(shown(model, 0, MessageModel::Level).toString(), name);
+    QCOMPARE(shown(model, 0, MessageModel::Level, Qt::ForegroundRole).value<QColor>(),
+             severityOf(level).colour);
+    QVERIFY(severityOf(level).colour != severityOf(level == 0 ? 1 : 0).colour);
+}
+
+void TestMessages::theNewestComesFirst()
+{
+    MessageModel model;
+    model.add(message(0, QStringLiteral("first")));
+    model.add(message(2, QStringLiteral("second")));
+    QCOMPARE(model.rowCount(), 2);
+    QCOMPARE(shown(model, 0, MessageModel::Text).toString(), QStringLiteral("second"));
+    QCOMPARE(shown(model, 1, MessageModel::Text).toString(), QStringLiteral("first"));
+    QCOMPARE(shown(model, 1, MessageModel::Time).toString(), QStringLiteral("07:08:09"));
+}
+
+void TestMessages::theOldestGoesWhenItIsFull()
+{
+    MessageModel model;
+    for (int i = 0; i <= MessageModel::Capacity; ++i)
+        model.add(message(0, QString::number(i)));
+    QCOMPARE(model.rowCount(), MessageModel::Capacity);
+    QCOMPARE(model.at(0).text, QString::number(MessageModel::Capacity));
+    QCOMPARE(model.at(MessageModel::Capacity - 1).text, QStringLiteral("1"));
+}
+
+void TestMessages::clearEmptiesTheHistory()
+{
+    MessageModel model;
+    model.add(message(0, QStringLiteral("text")));
+    model.clear();
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void TestMessages::toolTipNamesThePlugin()
+{
+    MessageModel model;
+    model.add(message(0, QStringLiteral("text")));
+    QCOMPARE(shown(model, 0, 0, Qt::ToolTipRole).toString(), QStringLiteral("weld: text"));
+}
+
+void TestMessages::theModelKeepsItsRules()
+{
+    MessageModel model;
+    const QAbstractItemModelTester tester(&model);
+    for (int i = 0; i <= MessageModel::Capacity; ++i)
+        model.add(message(i % 3, QString::number(i)));
+    model.clear();
+    QCOMPARE(model.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(),
+             QStringLiteral("Message"));
+}
+
+void TestMessages::stripShowsTheLastMessage()
+{
+    MessageStrip strip;
+    strip.showMessage(message(2, QStringLiteral("Save failed")));
+    QCOMPARE(child<QLabel>(&strip, "label_message")->text(), QStringLiteral("Save failed"));
+    QCOMPARE(child<QLabel>(&strip, "label_messageTime")->text(), QStringLiteral("07:08:09"));
+    const QString error = child<QFrame>(&strip, "messageBox")->styleSheet();
+    QVERIFY(error.contains(severityOf(2).colour.name()));
+    strip.clear();
+    QVERIFY(child<QLabel>(&strip, "label_message")->text().isEmpty());
+    QVERIFY(child<QFrame>(&strip, "messageBox")->styleSheet() != error);
+}
+
+void TestMessages::stripTakesPlainText()
+{
+    MessageStrip strip;
+    QCOMPARE(child<QLabel>(&strip, "label_message")->textFormat(), Qt::PlainText);
+    auto* button = strip.addButton(QStringLiteral("faults"), QStringLiteral("Faults"));
+    QCOMPARE(button, child<QAbstractButton>(&strip, "button_faults"));
+    QVERIFY(button->isCheckable());
+}
+
+void TestMessages::pageHasItsClearButton()
+{
+    MessageModel model;
+    MessagePage page(model);
+    QSignalSpy spy(&page, &MessagePage::clearClicked);
+    QCOMPARE(child<QTableView>(&page, "table_messages")->model(), &model);
+    QTest::mouseClick(child<QAbstractButton>(&page, "button_clearMessages"), Qt::LeftButton);
+    QCOMPARE(spy.size(), 1);
+}
+
+LASERWELD_TEST_MAIN(TestMessages)
+#include "tst_messages.moc"

@@ -1,0 +1,188 @@
+#include "HardwareKey.h"
+#include "LampButton.h"
+#include "MainWindow.h"
+#include "Options.h"
+#include "Session.h"
+#include "TestCase.h"
+#include "hostbackend.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace pendant;
+
+class TestSession : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void thePluginIsUp();
+    void optionsReachTheController();
+    void keyIsReleasedByTheUserWhoHoldsIt();
+    void endReleasesTheKeyAndUnloads();
+    void secondSessionInOneProcess();
+    void connectionIsToldAfterTheStart();
+    void buttonsTurnConnectionAndPower();
+    void zoomReachesThePlugins();
+    void withoutPluginsTheListSaysWhy();
+    void cellThatCannotBeOpened();
+
+private:
+    std::unique_ptr<Session> open();
+    QStringList texts(Session& session) const;
+    HardwareKey* key(Session& session) const;
+
+    std::unique_ptr<QTemporaryDir> folder;
+    Options options;
+};
+
+void TestSession::init()
+{
+    TestCase::init();
+    folder = std::make_unique<QTemporaryDir>();
+    options = Options();
+    options.cellFile = folder->filePath(QStringLiteral("cell.sqlite"));
+    options.pluginFolder = QStringLiteral(SHELL_LIBRARIES "/good");
+}
+
+std::unique_ptr<Session> TestSession::open()
+{
+    QString error;
+    auto session = Session::open(options, &error);
+    if (!session)
+        qFatal("%s", qPrintable(error));
+    return session;
+}
+
+// Without the three lines of the start.
+QStringList TestSession::texts(Session& session) const
+{
+    QStringList all;
+    const MessageModel& messages = session.window().messages();
+    for (int row = messages.rowCount() - 4; row >= 0; --row)
+        all << messages.at(row).text;
+    return all;
+}
+
+HardwareKey* TestSession::key(Session& session) const
+{
+    return child<HardwareKey>(&session.window(), "key_Left");
+}
+
+void TestSession::thePluginIsUp()
+{
+    const auto session = open();
+    QCOMPARE(session->plugins().pluginNames(), QStringList{QStringLiteral("good")});
+    QVERIFY(child<QWidget>(&session->window(), "page_good")->isVisible());
+    QVERIFY(key(*session)->isVisible());
+    QCOMPARE(session->window().messages().rowCount(), 3);
+    QCOMPARE(session->window().messages().at(0).text, QStringLiteral("render at level 0"));
+}
+
+void TestSession::optionsReachTheController()
+{
+    options.powered = true;
+    options.disconnected = true;
+    options.faults.emptyReply = true;
+    options.userLevel = 2;
+    options.windowSize = QSize(900, 700);
+    const auto session = open();
+    QVERIFY(session->controller().isPowered());
+    QVERIFY(!session->controller().isConnected());
+    QVERIFY(session->controller().faults().emptyReply);
+    QCOMPARE(qelplugin::qelPluginInterface().getUserOperateLevel(), 2);
+    QCOMPARE(session->window().size(), QSize(900, 700));
+}
+
+void TestSession::keyIsReleasedByTheUserWhoHoldsIt()
+{
+    options.userLevel = 3;
+    const auto session = open();
+    QTest::mousePress(key(*session), Qt::LeftButton);
+    session->logIn(1);
+    QTest::mouseRelease(key(*session), Qt::LeftButton);
+    QCOMPARE(texts(*session), QStringList({QStringLiteral("Left pressed at level 3"),
+                                           QStringLiteral("Left released at level 3")}));
+    QCOMPARE(qelplugin::qelPluginInterface().getUserOperateLevel(), 1);
+}
+
+void TestSession::endReleasesTheKeyAndUnloads()
+{
+    auto session = open();
+    QStringList heard;
+    connect(&session->window(), &QObject::destroyed, this,
+            [&] { heard << QStringLiteral("gone"); });
+    key(*session)->hold();
+    session.reset();
+    QCOMPARE(heard.size(), 1);
+    QVERIFY(qelplugin::registeredPlugins().isEmpty());
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    QVERIFY(maps.open(QIODevice::ReadOnly));
+    QVERIFY(!maps.readAll().contains("libgood.so"));
+}
+
+void TestSession::secondSessionInOneProcess()
+{
+    open().reset();
+    const auto session = open();
+    QCOMPARE(session->plugins().pluginNames().size(), 1);
+    QTest::mouseClick(key(*session), Qt::LeftButton);
+    QCOMPARE(texts(*session).size(), 2);
+}
+
+void TestSession::connectionIsToldAfterTheStart()
+{
+    int told = 0;
+    connect(&qelplugin::qelPluginInterface(), &qelplugin::InterfaceManager::sigNetworkConnect, this,
+            [&] { ++told; });
+    const auto session = open();
+    QCOMPARE(told, 1);
+    session->controller().setConnected(false);
+    QCOMPARE(told, 1);
+    session->controller().setConnected(true);
+    QCOMPARE(told, 2);
+    disconnect(&qelplugin::qelPluginInterface(), nullptr, this, nullptr);
+}
+
+void TestSession::buttonsTurnConnectionAndPower()
+{
+    const auto session = open();
+    const auto click = [&](const char* name) {
+        QTest::mouseClick(child<LampButton>(&session->window(), name), Qt::LeftButton);
+    };
+    click("button_connection");
+    QVERIFY(!session->controller().isConnected());
+    click("button_connection");
+    QVERIFY(session->controller().isConnected());
+    click("button_power");
+    QVERIFY(qelplugin::qelPluginInterface().getRobotEleStatus());
+}
+
+void TestSession::zoomReachesThePlugins()
+{
+    options.zoom = 1.5;
+    const auto session = open();
+    QCOMPARE(
+        qelplugin::qelPluginInterface().getNodeData(QStringLiteral("qeltheme.fontzoom")).toDouble(),
+        1.5);
+}
+
+void TestSession::withoutPluginsTheListSaysWhy()
+{
+    options.pluginFolder = folder->path();
+    const auto session = open();
+    QVERIFY(child<QWidget>(&session->window(), "panel_plugins")->isVisible());
+}
+
+void TestSession::cellThatCannotBeOpened()
+{
+    QVERIFY(QDir(folder->path()).mkpath(QStringLiteral("cell.sqlite")));
+    QString error;
+    QVERIFY(!Session::open(options, &error));
+    QVERIFY2(error.contains(options.cellFile), qPrintable(error));
+}
+
+LASERWELD_TEST_MAIN(TestSession)
+#include "tst_session.moc"

@@ -1,0 +1,110 @@
+#include "TestCase.h"
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr int Milliseconds = 240000;
+
+/// A run of the pendant as a process of its own.
+struct Run
+{
+    QProcess process;
+    QTemporaryDir folder;
+    int code = -1;
+    QString output;
+    QString errors;
+
+    explicit Run(const QStringList& arguments, bool withPlatform = true)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QString::fromLatin1(name));
+        if (withPlatform)
+            environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path());
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(folder.path());
+        process.start(QStringLiteral(PENDANT_PROGRAM), arguments);
+        if (!process.waitForFinished(Milliseconds))
+            process.kill();
+        else if (process.exitStatus() == QProcess::NormalExit)
+            code = process.exitCode();
+        output = QString::fromLocal8Bit(process.readAllStandardOutput());
+        errors = QString::fromLocal8Bit(process.readAllStandardError());
+    }
+    QStringList pictures(const char* name) const
+    {
+        return QDir(folder.filePath(QString::fromLatin1(name)))
+            .entryList({QStringLiteral("*.png")}, QDir::Files, QDir::Name);
+    }
+};
+
+} // namespace
+
+class TestTour : public TestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theWholeStory();
+    void withoutADisplayItSaysSo();
+    void aFailedStepIsNamed();
+    void exitCodes_data();
+    void exitCodes();
+};
+
+void TestTour::theWholeStory()
+{
+    const Run run({QStringLiteral("--tour"), QStringLiteral("pictures")});
+    QVERIFY2(run.code == 0, qPrintable(run.output + run.errors));
+    const QStringList pictures = run.pictures("pictures");
+    QCOMPARE(pictures.size(), run.output.count(QStringLiteral(" ok   ")));
+    QVERIFY(pictures.size() >= 20);
+    for (const QString& name : pictures) {
+        const QImage picture(run.folder.filePath(QStringLiteral("pictures/") + name));
+        QCOMPARE(picture.size(), QSize(1024, 768));
+    }
+}
+
+void TestTour::withoutADisplayItSaysSo()
+{
+    const Run run({}, false);
+    QVERIFY2(run.code == 0, qPrintable(run.output + run.errors));
+    QVERIFY(run.output.startsWith(QStringLiteral("There is no display")));
+    QVERIFY(!run.pictures("tour").isEmpty());
+}
+
+void TestTour::aFailedStepIsNamed()
+{
+    const Run run({QStringLiteral("--tour"), QStringLiteral("pictures"),
+                   QStringLiteral("--plugins"), QStringLiteral(SHELL_LIBRARIES "/noapi")});
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.errors.contains(QStringLiteral("step 1 (start): libnoapi.so: no plugin: has no")),
+             qPrintable(run.errors));
+    QCOMPARE(run.pictures("pictures"), QStringList{QStringLiteral("01-start.png")});
+}
+
+void TestTour::exitCodes_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::newRow("help") << QStringList{QStringLiteral("--help")} << 0;
+    QTest::newRow("version") << QStringList{QStringLiteral("--version")} << 0;
+    QTest::newRow("usage") << QStringList{QStringLiteral("--level=9")} << 2;
+    QTest::newRow("cell") << QStringList{QStringLiteral("--cell"), QStringLiteral(".")} << 3;
+}
+
+void TestTour::exitCodes()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, code);
+    const Run run(arguments);
+    QVERIFY2(run.code == code, qPrintable(run.output + run.errors));
+}
+
+LASERWELD_CORE_TEST_MAIN(TestTour)
+#include "tst_tour.moc"
