@@ -38,7 +38,7 @@ int truncated(double value)
 
 EnableButton::EnableButton(QWidget* parent)
     : QWidget(parent)
-    , animation(new SlideClock(this, QByteArray()))
+    , animation(new SlideClock(this, QByteArray(), this))
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFixedSize(SwitchSize);

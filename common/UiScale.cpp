@@ -365,6 +365,9 @@ void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf)
     const QString sheet = styleSheet(css, scaleOf ? scaleOf : widget);
     if (widget->styleSheet() == sheet)
         return;
+    // Qt goes on with the old sheet of a widget that has not been polished.
+    if (!widget->styleSheet().isEmpty())
+        widget->ensurePolished();
     widget->setStyleSheet(sheet);
     if (!widget->testAttribute(Qt::WA_WState_Polished))
         repolishViews(widget);
