@@ -69,6 +69,12 @@ QJsonArray send(QObject* sender, const QString& command, const QJsonValue& paylo
                                                              QJsonObject{{command, payload}});
 }
 
+QJsonArray sendText(QObject* sender, const QString& command, const QString& value)
+{
+    return qelplugin::qelPluginInterface().commandCustomData(sender, Host::pluginName(), command,
+                                                             value);
+}
+
 std::optional<int> strictResult(const QJsonArray& reply, const QString& command)
 {
     const auto value = firstAnswer(reply, command);

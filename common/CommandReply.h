@@ -16,6 +16,8 @@ namespace CommandReply {
 
 /// Sends { command: payload } under the plugin's name and returns the reply. Blocks until it is in.
 QJsonArray send(QObject* sender, const QString& command, const QJsonValue& payload);
+/// Likewise, but the command and its value go as two texts.
+QJsonArray sendText(QObject* sender, const QString& command, const QString& value);
 
 /// Result of the first element that holds the command and "return", by toInt(): anything but an
 /// integral number reads as 0. Nothing when no element holds them.

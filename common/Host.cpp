@@ -13,6 +13,11 @@ void tell(int level, const QString& text)
     qelplugin::ThrowLog(pluginName(), static_cast<qelplugin::enThrowLogLevel>(level), text);
 }
 
+bool serviceFlag(const char* key)
+{
+    return qelplugin::qelPluginInterface().getQelServiceData(QLatin1String(key)).toBool(false);
+}
+
 } // namespace
 
 QString pluginName()
@@ -23,6 +28,16 @@ QString pluginName()
 bool mayOperate()
 {
     return qelplugin::qelPluginInterface().getUserOperateLevel() >= OperatorLevel;
+}
+
+bool isVirtualWelding()
+{
+    return serviceFlag("laser_weld_data.virtual_welding_status");
+}
+
+bool isRedLightOn()
+{
+    return serviceFlag("laser_weld_data.weld_redlight_status");
 }
 
 void tellSuccess(const QString& text)

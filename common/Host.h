@@ -11,6 +11,10 @@ QString pluginName();
 /// True for a user who may operate: level 3 and more.
 bool mayOperate();
 
+/// The controller's present state; false when it does not tell.
+bool isVirtualWelding();
+bool isRedLightOn();
+
 /// Messages to the operator, by severity.
 void tellSuccess(const QString& text);
 void tellWarning(const QString& text);
