@@ -94,6 +94,7 @@ QWidget* MainWindow::buildBody()
     tabs->setExpanding(false);
     tabs->hide();
     pages->setObjectName(QStringLiteral("pages"));
+    pages->installEventFilter(this);
     auto* body = new QWidget(this);
     auto* row = new QHBoxLayout(body);
     row->setContentsMargins(0, 0, 0, 0);
@@ -126,6 +127,7 @@ QWidget* MainWindow::buildLog(const Controller& controller)
 {
     auto* view = new QPlainTextEdit;
     view->setReadOnly(true);
+    view->setPlaceholderText(tr("The controller has said nothing yet."));
     view->setMaximumBlockCount(LogLines);
     connect(&controller, &Controller::logged, view, [view](const QString& text) {
         view->appendPlainText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + text);
@@ -245,7 +247,6 @@ void MainWindow::dropPlugins()
 void MainWindow::toggleLogin()
 {
     login->setVisible(login->isHidden());
-    placePanels();
     login->raise();
 }
 
@@ -262,16 +263,16 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QWidget::closeEvent(event);
 }
 
-void MainWindow::resizeEvent(QResizeEvent* event)
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    QWidget::resizeEvent(event);
-    placePanels();
+    if (watched == pages && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
+        placePanels();
+    return QWidget::eventFilter(watched, event);
 }
 
 // The drawer covers the lower part of the page, the login hangs under the user's button.
 void MainWindow::placePanels()
 {
-    layout()->activate();
     const int gap = Theme::px(8);
     const QRect centre(pages->mapTo(this, QPoint()), pages->size());
     const int height = qMin(qMax(centre.height() / 2, Theme::px(330)), centre.height() - 2 * gap);

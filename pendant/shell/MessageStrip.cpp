@@ -57,11 +57,10 @@ void MessageStrip::clear()
 void MessageStrip::tint(const QColor& bar, const QColor& ground)
 {
     box->setStyleSheet(QStringLiteral("QFrame#messageBox { background: %1; border: none; "
-                                      "border-left: %2px solid %3; border-radius: %4px; }")
+                                      "border-left: %2px solid %3; }")
                            .arg(ground.name())
                            .arg(Theme::px(6))
-                           .arg(bar.name())
-                           .arg(Theme::px(4)));
+                           .arg(bar.name()));
 }
 
 QAbstractButton* MessageStrip::addButton(const QString& name, const QString& caption)

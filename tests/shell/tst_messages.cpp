@@ -104,9 +104,11 @@ void TestMessages::toolTipNamesThePlugin()
 void TestMessages::theModelKeepsItsRules()
 {
     MessageModel model;
-    const QAbstractItemModelTester tester(&model);
-    for (int i = 0; i <= MessageModel::Capacity; ++i)
+    for (int i = 1; i < MessageModel::Capacity; ++i)
         model.add(message(i % 3, QString::number(i)));
+    const QAbstractItemModelTester tester(&model);
+    model.add(message(0, QStringLiteral("the last that fits")));
+    model.add(message(0, QStringLiteral("one more")));
     model.clear();
     QCOMPARE(model.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(),
              QStringLiteral("Message"));
