@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QLayout>
 #include <QPointer>
+#include <QResizeEvent>
 #include <QScrollArea>
 #include <QVector>
 
@@ -29,6 +30,17 @@ bool isFitted(const QWidget* page)
         return false;
     const QSizePolicy::Policy policy = page->sizePolicy().verticalPolicy();
     return policy == QSizePolicy::Fixed || policy == QSizePolicy::Minimum;
+}
+
+/// A stack on the fitted page of another one. That page gets its height from what stands on it, so
+/// a hint that fell with the height would go up and down for ever.
+bool isOnFittedPage(const QWidget* widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (isFitted(widget) && qobject_cast<StackedWidgetFit*>(widget->parentWidget()))
+            return true;
+    }
+    return false;
 }
 
 int minimumHeight(const QWidget* page)
@@ -97,7 +109,7 @@ QSize StackedWidgetFit::minimumSizeHint() const
 {
     QWidget* page = currentWidget();
     const int content = isFitted(page) ? contentHeight(page, width()) : 0;
-    return {0, content > height() ? content : 0};
+    return {0, content > height() || isOnFittedPage(this) ? content : 0};
 }
 
 void StackedWidgetFit::recomputeSize()
@@ -122,7 +134,9 @@ void StackedWidgetFit::recomputeSize()
 void StackedWidgetFit::resizeEvent(QResizeEvent* event)
 {
     QStackedWidget::resizeEvent(event);
-    if (placePage())
+    const bool fitted = placePage();
+    const bool sameHint = isOnFittedPage(this) && event->oldSize().width() == width();
+    if (fitted && !sameHint)
         updateGeometry();
 }
 

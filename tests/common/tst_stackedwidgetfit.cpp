@@ -87,6 +87,14 @@ private:
     QEvent::Type type;
 };
 
+/// No event more came in a round of the event loop.
+bool isAtRest(const Counter& counter)
+{
+    const int before = counter.count;
+    QApplication::processEvents();
+    return counter.count == before;
+}
+
 /// A stack with one page in a window of 200 by 300.
 struct Window
 {
@@ -137,6 +145,7 @@ private Q_SLOTS:
     void pageMayVanishWhileMeasured();
     void destroyedPagesAreForgotten();
     void restsWhenNothingChanges();
+    void stackOnAFittedPageRests();
 };
 
 void TestStackedWidgetFit::emptyStackAsksForNothing()
@@ -342,32 +351,43 @@ void TestStackedWidgetFit::resizeFits()
     window.stack->setCurrentWidget(page);
 }
 
+// A parent without a layout gets a request itself when a widget in it asks for room.
 void TestStackedWidgetFit::upwardWalkStopsAtTheScrollArea()
 {
     QWidget top;
-    QScrollArea area(&top);
-    auto* middle = new QWidget;
-    area.setWidget(middle);
-    StackedWidgetFit stack(middle);
-    stack.addWidget(new Page(QSizePolicy::Minimum, 50));
+    auto* middle = new QWidget(&top);
+    auto* area = new QScrollArea(middle);
+    auto* contents = new QWidget;
+    area->setWidget(contents);
+    auto* stack = new StackedWidgetFit(contents);
+    auto* page = new Page(QSizePolicy::Minimum, 50);
+    stack->addWidget(page);
     top.show();
     QVERIFY(QTest::qWaitForWindowExposed(&top));
     QApplication::processEvents();
 
-    // Who has no layout gets the request itself when a widget in it asks.
-    const Counter inArea(area.viewport(), QEvent::LayoutRequest);
-    const Counter inTop(&top, QEvent::LayoutRequest);
-    stack.recomputeSize();
+    const Counter fromStack(contents, QEvent::LayoutRequest);
+    const Counter fromArea(middle, QEvent::LayoutRequest);
+    const Counter fromMiddle(&top, QEvent::LayoutRequest);
+    stack->recomputeSize();
     QApplication::processEvents();
-    QVERIFY(inArea.count > 0);
-    const int ofArea = inTop.count;
+    QCOMPARE(fromStack.count, 1);
+    QCOMPARE(fromArea.count, 1);
+    QCOMPARE(fromMiddle.count, 0);
 
-    StackedWidgetFit filling(&top);
-    filling.addWidget(new Page(QSizePolicy::Preferred, 50));
-    filling.show();
+    stack->setParent(middle);
+    stack->show();
     QApplication::processEvents();
-    // The area itself is told, its parent is the last to hear of it.
-    QVERIFY(ofArea <= 1);
+    stack->recomputeSize();
+    QApplication::processEvents();
+    QVERIFY(fromMiddle.count > 0);
+
+    // A page that fills moves nothing above the stack.
+    const int before = fromMiddle.count;
+    page->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    stack->recomputeSize();
+    QApplication::processEvents();
+    QCOMPARE(fromMiddle.count, before);
 }
 
 void TestStackedWidgetFit::stackScrollsByItsContent()
@@ -448,13 +468,31 @@ void TestStackedWidgetFit::restsWhenNothingChanges()
     window.show();
     window.stack->recomputeSize();
     const Counter requests(window.stack, QEvent::LayoutRequest);
-    QTRY_VERIFY_WITH_TIMEOUT(
-        [&] {
-            const int before = requests.count;
-            QApplication::processEvents();
-            return requests.count == before;
-        }(),
-        1000);
+    QTRY_VERIFY(isAtRest(requests));
+    QVERIFY(requests.count < 10);
+}
+
+void TestStackedWidgetFit::stackOnAFittedPageRests()
+{
+    auto* outer = new Page(QSizePolicy::Minimum, 20);
+    auto* inner = new StackedWidgetFit(outer);
+    outer->layout()->setSpacing(0);
+    outer->layout()->addWidget(inner);
+    auto* page = new Page(QSizePolicy::Minimum, 50);
+    inner->addWidget(page);
+    Window window(outer);
+    window.show();
+    const Counter requests(window.stack, QEvent::LayoutRequest);
+    QTRY_VERIFY(isAtRest(requests));
+    QCOMPARE(outer->geometry(), QRect(0, 0, 200, 70));
+    QCOMPARE(page->size(), QSize(200, 50));
+
+    page->setContent(90);
+    QTRY_COMPARE(outer->geometry(), QRect(0, 0, 200, 110));
+    page->setContent(10);
+    QTRY_COMPARE(outer->geometry(), QRect(0, 0, 200, 30));
+    QTRY_VERIFY(isAtRest(requests));
+    QVERIFY(requests.count < 40);
 }
 
 Q_DECLARE_METATYPE(std::function<QWidget*()>)
