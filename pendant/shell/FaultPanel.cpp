@@ -49,8 +49,8 @@ FaultPanel::FaultPanel(Controller& controller, QWidget* parent)
     grid->setRowStretch(grid->rowCount(), 1);
     for (int column = 0; column < Columns; ++column)
         grid->setColumnStretch(column, 1);
-    for (const auto signal : {&Controller::connectionChanged, &Controller::powerChanged})
-        connect(&machine, signal, this, &FaultPanel::load);
+    connect(&machine, &Controller::connectionChanged, this, &FaultPanel::load);
+    connect(&machine, &Controller::powerChanged, this, &FaultPanel::load);
     connect(&machine, &Controller::recordChanged, this, &FaultPanel::load);
 }
 

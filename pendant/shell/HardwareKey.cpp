@@ -174,7 +174,7 @@ void HardwareKey::paintPicture(QPainter& painter, const QRect& place) const
     painter.save();
     painter.setFont(large);
     painter.setPen(QColor(Theme::Accent));
-    painter.drawText(place, Qt::AlignCenter, record.label.left(1));
+    painter.drawText(place, Qt::AlignCenter, record.label.mid(0, 1));
     painter.restore();
 }
 

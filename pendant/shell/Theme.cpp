@@ -26,7 +26,7 @@ constexpr int FontPoints = 10;
 
 QPalette palette()
 {
-    QPalette colours(QColor(Theme::Card), QColor(Theme::Ground));
+    QPalette colours{QColor(Theme::Card), QColor(Theme::Ground)};
     const QColor ink(Theme::Ink);
     const QColor off(Theme::Off);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
