@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -27,11 +26,11 @@ protected:
     void updateCurrentValue(const QVariant&) override {}
 };
 
+/// Confined to what a painter can still add to.
 int truncated(double value)
 {
-    constexpr double low = std::numeric_limits<int>::min();
-    constexpr double high = std::numeric_limits<int>::max();
-    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, low, high));
+    constexpr double farOut = 1e6;
+    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(value, -farOut, farOut));
 }
 
 } // namespace
@@ -76,9 +75,8 @@ QSize EnableButton::minimumSizeHint() const
     return SwitchSize;
 }
 
-void EnableButton::moveSlider(
-    QVariant value,
-    bool need_update) // NOLINT(performance-unnecessary-value-param): the slot's signature
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a slot that others call by its signature
+void EnableButton::moveSlider(QVariant value, bool need_update)
 {
     const int range = drawnWidth() - drawnHeight();
     const double step = value.toDouble();

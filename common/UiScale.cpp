@@ -41,13 +41,13 @@ QString fontFamily()
     return QLatin1String("Microsoft YaHei UI");
 }
 
-/// To nearest, at least 1. What is no number counts as 1.
+/// To nearest, halves up, at least 1. What is no number counts as 1.
 int rounded(double size)
 {
+    constexpr int largest = std::numeric_limits<int>::max();
     if (!(size >= 1.0))
         return 1;
-    constexpr double largest = std::numeric_limits<int>::max();
-    return size + 0.5 < largest ? static_cast<int>(size + 0.5) : std::numeric_limits<int>::max();
+    return size < largest ? static_cast<int>(std::lround(size)) : largest;
 }
 
 const QScreen* screenOf(const QWidget* widget)

@@ -119,7 +119,11 @@ struct Window
     StackedWidgetFit* stack;
 };
 
+using MakePage = std::function<QWidget*()>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(MakePage)
 
 class TestStackedWidgetFit : public TestCase
 {
@@ -195,10 +199,10 @@ void TestStackedWidgetFit::policyDecides()
 
 void TestStackedWidgetFit::contentHeight_data()
 {
-    QTest::addColumn<std::function<QWidget*()>>("make");
+    QTest::addColumn<MakePage>("make");
     QTest::addColumn<int>("height");
-    const auto row = [](const char* name, int height, std::function<QWidget*()> make) {
-        QTest::newRow(name) << std::move(make) << height;
+    const auto row = [](const char* name, int height, const MakePage& make) {
+        QTest::newRow(name) << make << height;
     };
     const auto fitted = [](QLayout* layout) {
         auto* page = new QWidget;
@@ -233,7 +237,7 @@ void TestStackedWidgetFit::contentHeight_data()
 
 void TestStackedWidgetFit::contentHeight()
 {
-    QFETCH(std::function<QWidget*()>, make);
+    QFETCH(MakePage, make);
     QFETCH(int, height);
     QWidget* page = make();
     Window window(page);
@@ -494,8 +498,6 @@ void TestStackedWidgetFit::stackOnAFittedPageRests()
     QTRY_VERIFY(isAtRest(requests));
     QVERIFY(requests.count < 40);
 }
-
-Q_DECLARE_METATYPE(std::function<QWidget*()>)
 
 LASERWELD_TEST_MAIN(TestStackedWidgetFit)
 #include "tst_stackedwidgetfit.moc"

@@ -105,7 +105,7 @@ QColor ground(const QWidget* widget)
     return widget->palette().color(QPalette::Window);
 }
 
-const QColor Line("#c8c8c8");
+constexpr QRgb Line = 0xffc8c8c8;
 
 } // namespace
 
@@ -188,19 +188,19 @@ void TestStyleHelpers::frameIsSeen()
     applyBaseStyle(&page.widget);
     applyConfigFrameStyle(page.frame);
     page.show();
-    QCOMPARE(edge(page.frame), Line);
-    QCOMPARE(edge(page.spin), Line);
-    QCOMPARE(edge(page.real), Line);
-    QCOMPARE(edge(page.combo), QColor("#E4E4E4"));
+    QCOMPARE(edge(page.frame), QColor(Line));
+    QCOMPARE(edge(page.spin), QColor(Line));
+    QCOMPARE(edge(page.real), QColor(Line));
+    QCOMPARE(edge(page.combo), QColor(0xe4e4e4));
     QCOMPARE(rightEdge(page.label), ground(page.label));
     QCOMPARE(page.title->font().weight(), int(QFont::Bold));
     QCOMPARE(page.label->font().weight(), int(QFont::Normal));
-    for (const QWidget* each : QList<QWidget*>{page.title, page.label, page.spin, page.real})
+    for (const QWidget* each :
+         std::initializer_list<QWidget*>{page.title, page.label, page.spin, page.real})
         QCOMPARE(each->font().pointSize(), UiScale::pointSize(10, nullptr));
     QCOMPARE(page.combo->font().pointSize(), UiScale::pointSize(9, nullptr));
     page.combo->setEnabled(false);
-    QCOMPARE(page.combo->grab().toImage().pixelColor(page.combo->width() / 2, 4),
-             QColor("#f5f5f5"));
+    QCOMPARE(page.combo->grab().toImage().pixelColor(page.combo->width() / 2, 4), QColor(0xf5f5f5));
 }
 
 void TestStyleHelpers::frameRulesReachThePopup()
@@ -238,16 +238,16 @@ void TestStyleHelpers::baseSheetIsSeen()
     Page page;
     applyBaseStyle(&page.widget);
     page.show();
-    QCOMPARE(edge(page.frame), Line);
+    QCOMPARE(edge(page.frame), QColor(Line));
     for (QLabel* each : {page.loose, page.label, page.title})
         QCOMPARE(rightEdge(each), ground(each));
     QCOMPARE(page.title->font().weight(), int(QFont::Bold));
     QCOMPARE(page.label->font().weight(), int(QFont::Normal));
     QCOMPARE(page.loose->font().pointSize(), UiScale::pointSize(10, nullptr));
-    QCOMPARE(edge(page.combo), QColor("#E4E4E4"));
+    QCOMPARE(edge(page.combo), QColor(0xe4e4e4));
     QCOMPARE(page.combo->height(), 36 + 4);
     QVERIFY(edge(page.spin) != edge(page.spin, 1));
-    QCOMPARE(inside(page.button), QColor("#224d75"));
+    QCOMPARE(inside(page.button), QColor(0x224d75));
     QVERIFY(page.button->height() >= 36);
     QVERIFY(page.button->minimumSizeHint().width() >= 72);
 }
@@ -282,16 +282,16 @@ void TestStyleHelpers::lineEditStatesAreSeen()
     applyBaseStyle(&page.widget);
     page.show();
     page.button->setFocus();
-    QCOMPARE(edge(page.edit), QColor("#d0d0d0"));
-    QCOMPARE(inside(page.edit), QColor("#f5f5f5"));
+    QCOMPARE(edge(page.edit), QColor(0xd0d0d0));
+    QCOMPARE(inside(page.edit), QColor(0xf5f5f5));
     page.edit->setAttribute(Qt::WA_UnderMouse);
-    QCOMPARE(edge(page.edit), QColor("#0078d4"));
-    QCOMPARE(inside(page.edit), QColor("#ffffff"));
+    QCOMPARE(edge(page.edit), QColor(0x0078d4));
+    QCOMPARE(inside(page.edit), QColor(0xffffff));
     page.edit->setAttribute(Qt::WA_UnderMouse, false);
     page.widget.activateWindow();
     page.edit->setFocus();
     QTRY_VERIFY(page.edit->hasFocus());
-    QCOMPARE(edge(page.edit), QColor("#0078d4"));
+    QCOMPARE(edge(page.edit), QColor(0x0078d4));
 }
 
 void TestStyleHelpers::popupOfThePageIsSeen()
@@ -302,10 +302,10 @@ void TestStyleHelpers::popupOfThePageIsSeen()
     page.combo->showPopup();
     QAbstractItemView* view = page.combo->view();
     QCOMPARE(view->sizeHintForRow(0), 36 + 4);
-    QCOMPARE(edge(view), QColor("#E4E4E4"));
+    QCOMPARE(edge(view), QColor(0xe4e4e4));
     const QImage rows = view->viewport()->grab().toImage();
     const QRect selected = view->visualRect(page.combo->model()->index(0, 0));
-    QCOMPARE(rows.pixelColor(selected.right() - 2, selected.center().y()), QColor("#007cf9"));
+    QCOMPARE(rows.pixelColor(selected.right() - 2, selected.center().y()), QColor(0x007cf9));
     // The padding: nothing of the text in the first 8 pixels.
     const QRect other = view->visualRect(page.combo->model()->index(1, 0));
     const QImage left = rows.copy(other.left(), other.top(), 8, other.height());

@@ -271,11 +271,11 @@ void TestUiScale::heights()
 {
     const int text = QFontMetrics(UiScale::font(10, nullptr)).height();
     const double factor = screen().softened;
-    QCOMPARE(UiScale::controlHeight(nullptr), qMax(int(28.0 * factor + 0.5), text + 8));
+    QCOMPARE(UiScale::controlHeight(nullptr), qMax(qRound(28.0 * factor), text + 8));
     host->nodes[ZoomKey] = 3.0;
-    QCOMPARE(UiScale::controlHeight(nullptr), int(3.0 * factor * 28.0 + 0.5));
+    QCOMPARE(UiScale::controlHeight(nullptr), qRound(3.0 * factor * 28.0));
     host->nodes[ZoomKey] = 0.75;
-    QCOMPARE(UiScale::controlHeight(nullptr), qMax(int(0.75 * factor * 28.0 + 0.5), text + 8));
+    QCOMPARE(UiScale::controlHeight(nullptr), qMax(qRound(0.75 * factor * 28.0), text + 8));
 
     const int cap = QFontMetrics(UiScale::font(9, nullptr)).height() + 2;
     QCOMPARE(UiScale::fieldHeightCap(nullptr), qBound(20, cap, 26));
@@ -644,7 +644,7 @@ void TestUiScale::relaxesAPage()
     auto* real = new QDoubleSpinBox(group);
     auto* combo = new QComboBox(group);
     auto* edit = new QLineEdit(group);
-    for (QWidget* each : QList<QWidget*>{spin, real, combo, edit}) {
+    for (QWidget* each : std::initializer_list<QWidget*>{spin, real, combo, edit}) {
         each->setMinimumHeight(15);
         each->setMaximumHeight(99);
     }
@@ -663,7 +663,7 @@ void TestUiScale::relaxesAPage()
     QCOMPARE(label->maximumWidth(), 16777215);
     QCOMPARE(unit->minimumWidth(), 50);
     QCOMPARE(unit->maximumWidth(), 70);
-    for (const QWidget* each : QList<QWidget*>{spin, combo, edit}) {
+    for (const QWidget* each : std::initializer_list<QWidget*>{spin, combo, edit}) {
         QCOMPARE(each->minimumHeight(), 0);
         QCOMPARE(each->maximumHeight(), cap);
     }
