@@ -5,8 +5,12 @@
 #include "MainWindow.h"
 #include "Session.h"
 
+#include <QAbstractAnimation>
 #include <QDir>
+#include <QJsonArray>
 #include <QPixmap>
+
+#include <algorithm>
 
 namespace pendant {
 
@@ -117,18 +121,33 @@ struct TourSteps
     }
 
     // The keys that test the user before the key's state refuse the release as well.
-    static bool refusedBelowLevel(Tour& tour)
+    static bool keysRefused(Tour& tour)
     {
         const QString refusal = latin("Insufficient user permissions!");
-        bool good = tour.logIn(TooLow);
+        bool good = true;
         for (const char* key : {"Wiring", "Retract Wire"})
             good = good && tour.workKey(latin(key), Warning, refusal, refusal);
         for (const char* key : {"Work mode", "ProtectGas", "Red Light"})
             good = good && tour.workKey(latin(key), Warning, refusal, QString());
-        auto* page = tour.widget(latin("WeldSettingPage"));
-        return good &&
-               tour.expect(page && !page->isEnabled(), latin("the page is not locked below the "
-                                                             "operator's level"));
+        return good;
+    }
+
+    static bool pageRefused(Tour& tour)
+    {
+        const auto* page = tour.widget(latin("WeldSettingPage"));
+        return tour.expect(page && !page->isEnabled(), latin("the page is not locked")) &&
+               tour.clickName(latin(MainSwitch)) && tour.expectNoMessage() &&
+               tour.clickName(latin("pushButton_save")) && tour.expectNoMessage();
+    }
+
+    static bool refusedBelowLevel(Tour& tour)
+    {
+        const auto state = [&] {
+            return QJsonArray{tour.record(latin(Setting)), tour.record(latin("laser_weld_data"))};
+        };
+        const QJsonArray before = state();
+        return tour.logIn(TooLow) && keysRefused(tour) && pageRefused(tour) &&
+               tour.expect(state() == before, latin("the controller holds something new"));
     }
 
     static const std::vector<Step>& all()
@@ -245,14 +264,26 @@ bool Tour::expect(bool condition, const QString& otherwise)
     return condition || fail(otherwise);
 }
 
+// Two turns of the event loop, for what a step posted lays itself out in the second; and to the end
+// of what still slides.
+void Tour::settle()
+{
+    Hand::waitFor([turns = 0]() mutable { return ++turns > 2; });
+    Hand::waitFor([this] {
+        const auto all = session->window().findChildren<QAbstractAnimation*>();
+        return std::none_of(all.begin(), all.end(), [](const QAbstractAnimation* each) {
+            return each->state() == QAbstractAnimation::Running;
+        });
+    });
+}
+
 bool Tour::takePicture(int number, const QString& name)
 {
     const QString file = QStringLiteral("%1/%2-%3.png")
                              .arg(options.tourFolder)
                              .arg(number, 2, 10, QLatin1Char('0'))
                              .arg(name);
-    // Two turns of the event loop: what a step posted lays itself out in the second.
-    Hand::waitFor([turns = 0]() mutable { return ++turns > 2; });
+    settle();
     return session->window().grab().save(file) || fail(QStringLiteral("cannot write %1").arg(file));
 }
 

@@ -32,6 +32,7 @@ private:
     bool fail(const QString& reason);
     bool expect(bool condition, const QString& otherwise);
     bool takePicture(int number, const QString& name);
+    void settle();
     bool open();
 
     // What the steps are made of. Each returns whether it went as it should.
