@@ -30,6 +30,14 @@ void ShowStatusBar::showVirtualWelding()
     showPicture(QLatin1String(":/png/LaserSwitchSimu.png"));
 }
 
+void ShowStatusBar::showWorkMode(bool isVirtual)
+{
+    if (isVirtual)
+        showVirtualWelding();
+    else
+        showRealWelding();
+}
+
 void ShowStatusBar::showPicture(const QString& path)
 {
     const QPixmap picture(path);

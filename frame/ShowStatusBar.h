@@ -19,6 +19,8 @@ public:
 
     void showRealWelding();
     void showVirtualWelding();
+    /// One or the other.
+    void showWorkMode(bool isVirtual);
 
 private:
     void showPicture(const QString& path);
