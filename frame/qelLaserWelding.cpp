@@ -58,17 +58,12 @@ void qelLaserWelding::afterInit()
     Q_UNUSED(instructions)
 }
 
+// Each call adds a connection; the outcome of a reconnection is the same.
 void qelLaserWelding::render()
 {
     mainPage->renderPages();
-    connect(&qelPluginInterface(), &InterfaceManager::sigNetworkConnect, this, [this] {
-        const QJsonValue isVirtual = qelPluginInterface().getQelServiceData(
-            QLatin1String("laser_weld_data.virtual_welding_status"));
-        if (isVirtual.toBool(false))
-            statusBar->showVirtualWelding();
-        else
-            statusBar->showRealWelding();
-    });
+    connect(&qelPluginInterface(), &InterfaceManager::sigNetworkConnect, this,
+            [this] { statusBar->showWorkMode(Host::isVirtualWelding()); });
 }
 
 void qelLaserWelding::idle() {}
