@@ -12,13 +12,14 @@ int CreateStatusBar(const QString& plugin, QWidget* widget, int position)
     return hostBackend().createStatusBar(plugin, widget, position);
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): by value in the binary interface
+// NOLINTBEGIN(performance-unnecessary-value-param): by value in the binary interface
 int CreatePhyButtonList(const QString& plugin, const QString& group,
                         const QList<PhysicalButton>& firstList,
                         const QList<PhysicalButton>& secondList, QStringList extra)
 {
     return hostBackend().createPhyButtonList(plugin, group, firstList, secondList, extra);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 int ChangePhyButtonStatus(const QString& plugin, const QString& group, bool active)
 {

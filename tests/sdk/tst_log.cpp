@@ -31,7 +31,7 @@ const QString Header = QStringLiteral("[I|test]");
 const QString Base = QStringLiteral("./log/tag/tag");
 const QString Extension = QStringLiteral("log");
 const QString Path = QStringLiteral("./log/tag/tag.log");
-const QByteArray Note = "qelplugin: no log in ";
+constexpr char Note[] = "qelplugin: no log in ";
 
 void write(const QString& text, const QString& base = Base)
 {
@@ -373,6 +373,7 @@ void TestLog::threads()
     constexpr int Lines = 200;
     qelplugin::setLogLimits({4000, 100});
     std::vector<std::thread> all;
+    all.reserve(Threads);
     for (int thread = 0; thread < Threads; ++thread) {
         all.emplace_back([thread] {
             for (int i = 0; i < Lines; ++i)

@@ -109,10 +109,9 @@ PluginRegister::~PluginRegister()
     delete state;
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): by value in the binary interface
 void PluginRegister::regist(const QString& name, Factory factory)
 {
-    state->factories[name] = factory;
+    state->factories[name] = std::move(factory);
 }
 
 int CreateCenterWidget(const QString& plugin, QWidget* widget)
@@ -129,7 +128,7 @@ int CreateStatusBar(const QString& plugin, QWidget* widget, int position)
     return 0;
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): by value in the binary interface
+// NOLINTBEGIN(performance-unnecessary-value-param): by value in the binary interface
 int CreatePhyButtonList(const QString& plugin, const QString& group,
                         const QList<PhysicalButton>& firstList,
                         const QList<PhysicalButton>& secondList, QStringList extra)
@@ -139,6 +138,7 @@ int CreatePhyButtonList(const QString& plugin, const QString& group,
     everything().keys.insert(everything().keys.end(), secondList.begin(), secondList.end());
     return 0;
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 int ChangePhyButtonStatus(const QString& plugin, const QString& group, bool active)
 {
