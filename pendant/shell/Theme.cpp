@@ -53,11 +53,11 @@ QString scaledSheet()
     int copied = 0;
     for (auto each = size.globalMatch(text); each.hasNext();) {
         const auto match = each.next();
-        result += text.mid(copied, match.capturedStart() - copied);
+        result += text.midRef(copied, match.capturedStart() - copied);
         result += QStringLiteral("%1px").arg(Theme::px(match.captured(1).toInt()));
         copied = match.capturedEnd();
     }
-    return result + text.mid(copied);
+    return result + text.midRef(copied);
 }
 
 } // namespace

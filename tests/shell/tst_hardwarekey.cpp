@@ -36,8 +36,15 @@ struct Bench
     void release() { QTest::mouseRelease(key, Qt::LeftButton); }
 };
 
-const QVector<bool> Pressed{true};
-const QVector<bool> PressedAndReleased{true, false};
+QVector<bool> pressed()
+{
+    return {true};
+}
+
+QVector<bool> pressedAndReleased()
+{
+    return {true, false};
+}
 
 using Taking = void (*)(Bench&);
 
@@ -75,10 +82,10 @@ void TestHardwareKey::pressAndRelease()
 {
     Bench bench;
     bench.press();
-    QCOMPARE(bench.calls, Pressed);
+    QCOMPARE(bench.calls, pressed());
     QVERIFY(bench.key->isHeld());
     bench.release();
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
     QVERIFY(!bench.key->isHeld());
 }
 
@@ -94,9 +101,9 @@ void TestHardwareKey::releaseBesideTheKey()
     Bench bench;
     bench.press();
     QTest::mouseMove(bench.key, QPoint(-50, -50));
-    QCOMPARE(bench.calls, Pressed);
+    QCOMPARE(bench.calls, pressed());
     QTest::mouseRelease(bench.key, Qt::LeftButton, {}, QPoint(-50, -50));
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestHardwareKey::theFieldKeepsTheFocus()
@@ -140,18 +147,18 @@ void TestHardwareKey::takenAway()
     QVERIFY(QTest::qWaitForWindowActive(&bench.window));
     bench.press();
     take(bench);
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
     bench.release();
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestHardwareKey::spaceBar()
 {
     Bench bench;
     QTest::keyPress(bench.key, Qt::Key_Space);
-    QCOMPARE(bench.calls, Pressed);
+    QCOMPARE(bench.calls, pressed());
     QTest::keyRelease(bench.key, Qt::Key_Space);
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestHardwareKey::autoRepeatDoesNotPressAgain()
@@ -162,9 +169,9 @@ void TestHardwareKey::autoRepeatDoesNotPressAgain()
         QKeyEvent repeated(type, Qt::Key_Return, Qt::NoModifier, QString(), true);
         QApplication::sendEvent(bench.key, &repeated);
     }
-    QCOMPARE(bench.calls, Pressed);
+    QCOMPARE(bench.calls, pressed());
     QTest::keyRelease(bench.key, Qt::Key_Return);
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestHardwareKey::otherKeysPassThrough()
@@ -194,7 +201,7 @@ void TestHardwareKey::letGoInsideItsOwnPress()
                                   }});
     key->hold();
     key->letGo();
-    QCOMPARE(calls, PressedAndReleased);
+    QCOMPARE(calls, pressedAndReleased());
 }
 
 void TestHardwareKey::deletedWhileHeld()
@@ -202,7 +209,7 @@ void TestHardwareKey::deletedWhileHeld()
     Bench bench;
     bench.press();
     delete bench.key;
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestHardwareKey::withoutACallback()
@@ -219,9 +226,9 @@ void TestHardwareKey::finger()
     Bench bench;
     auto* device = QTest::createTouchDevice();
     QTest::touchEvent(&bench.window, device).press(0, QPoint(5, 5), bench.key);
-    QCOMPARE(bench.calls, Pressed);
+    QCOMPARE(bench.calls, pressed());
     QTest::touchEvent(&bench.window, device).release(0, QPoint(5, 5), bench.key);
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 namespace {

@@ -44,7 +44,10 @@ struct Bench
     }
 };
 
-const QVector<bool> PressedAndReleased{true, false};
+QVector<bool> pressedAndReleased()
+{
+    return {true, false};
+}
 
 } // namespace
 
@@ -159,7 +162,7 @@ void TestMainWindow::keyGoesWhenTheWindowIsLeft()
     QWidget other;
     other.show();
     other.activateWindow();
-    QTRY_COMPARE(bench.calls, PressedAndReleased);
+    QTRY_COMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestMainWindow::keyGoesWhenTheWindowCloses()
@@ -167,7 +170,7 @@ void TestMainWindow::keyGoesWhenTheWindowCloses()
     Bench bench;
     QTest::mousePress(bench.key(), Qt::LeftButton);
     bench.window.close();
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestMainWindow::keyGoesWithAnotherPage()
@@ -176,7 +179,7 @@ void TestMainWindow::keyGoesWithAnotherPage()
     bench.window.addPage(PluginB, new QLabel(QStringLiteral("Other")));
     QTest::mousePress(bench.key(), Qt::LeftButton);
     child<QTabBar>(&bench.window, "tabBar")->setCurrentIndex(1);
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
     QVERIFY(!bench.key()->isVisible());
 }
 
@@ -185,7 +188,7 @@ void TestMainWindow::keyGoesWithThePlugins()
     Bench bench;
     QTest::mousePress(bench.key(), Qt::LeftButton);
     bench.window.dropPlugins();
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
     QVERIFY(bench.window.findChildren<HardwareKey*>().isEmpty());
     QCOMPARE(child<QStackedWidget>(&bench.window, "pages")->count(), 0);
 }
@@ -198,7 +201,7 @@ void TestMainWindow::keyGroupCanBeSwitched()
     QVERIFY(bench.calls.isEmpty());
     bench.window.setKeysActive(PluginA, PluginA, true);
     QTest::mouseClick(bench.key(), Qt::LeftButton);
-    QCOMPARE(bench.calls, PressedAndReleased);
+    QCOMPARE(bench.calls, pressedAndReleased());
 }
 
 void TestMainWindow::tabsComeWithTheSecondPage()
