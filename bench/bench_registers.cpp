@@ -111,7 +111,7 @@ QStringList filterStraightforwardly(const QStringList& types, const QString& rw)
         accepted.insert(type.trimmed().toLower());
     QStringList names;
     const QJsonArray records = qelplugin::qelPluginInterface().getRegisterValue().toArray();
-    for (const QJsonValue value : records) {
+    for (const QJsonValue& value : records) {
         const QJsonObject record = value.toObject();
         const QString type = readFact(record, {"type", "reg_type", "value_type", "data_type"});
         const QString access = readFact(record, {"rw", "access", "perm", "permission", "mode"});

@@ -30,7 +30,7 @@ std::optional<QJsonValue> answer(const QJsonValue& element, const QString& comma
 
 std::optional<QJsonValue> firstAnswer(const QJsonArray& reply, const QString& command)
 {
-    for (const QJsonValue element : reply) {
+    for (const QJsonValue& element : reply) {
         if (auto value = answer(element, command))
             return value;
     }

@@ -15,44 +15,43 @@ namespace JsonCommon {
 
 namespace {
 
-// The keys of one fact of a register, the one that counts first.
-constexpr QLatin1String TypeKeys[] = {QLatin1String("type"), QLatin1String("reg_type"),
-                                      QLatin1String("value_type"), QLatin1String("data_type")};
-constexpr QLatin1String AccessKeys[] = {QLatin1String("rw"), QLatin1String("access"),
-                                        QLatin1String("perm"), QLatin1String("permission"),
-                                        QLatin1String("mode")};
-constexpr QLatin1String NameKeys[] = {QLatin1String("name"), QLatin1String("reg_name"),
-                                      QLatin1String("key"), QLatin1String("id")};
+template<std::size_t Size>
+constexpr QLatin1String latin1(const char (&text)[Size])
+{
+    return QLatin1String(text, static_cast<int>(Size) - 1);
+}
 
-constexpr QLatin1String ReadFilters[] = {QLatin1String("r"), QLatin1String("read"),
-                                         QLatin1String("rd"), QLatin1String("ro")};
-constexpr QLatin1String WriteFilters[] = {QLatin1String("w"), QLatin1String("write"),
-                                          QLatin1String("wr"), QLatin1String("wo")};
+// The keys of one fact of a register, the one that counts first.
+constexpr QLatin1String TypeKeys[] = {latin1("type"), latin1("reg_type"), latin1("value_type"),
+                                      latin1("data_type")};
+constexpr QLatin1String AccessKeys[] = {latin1("rw"), latin1("access"), latin1("perm"),
+                                        latin1("permission"), latin1("mode")};
+constexpr QLatin1String NameKeys[] = {latin1("name"), latin1("reg_name"), latin1("key"),
+                                      latin1("id")};
+
+constexpr QLatin1String ReadFilters[] = {latin1("r"), latin1("read"), latin1("rd"), latin1("ro")};
+constexpr QLatin1String WriteFilters[] = {latin1("w"), latin1("write"), latin1("wr"), latin1("wo")};
 // Read-write access stands with the writable ones only.
-constexpr QLatin1String ReadAccesses[] = {QLatin1String("rd"), QLatin1String("read"),
-                                          QLatin1String("ro"), QLatin1String("r"),
-                                          QLatin1String("readonly")};
-constexpr QLatin1String WriteAccesses[] = {
-    QLatin1String("wr"), QLatin1String("write"), QLatin1String("w"), QLatin1String("wo"),
-    QLatin1String("wt"), QLatin1String("rdwr"),  QLatin1String("rw")};
+constexpr QLatin1String ReadAccesses[] = {latin1("rd"), latin1("read"), latin1("ro"), latin1("r"),
+                                          latin1("readonly")};
+constexpr QLatin1String WriteAccesses[] = {latin1("wr"), latin1("write"), latin1("w"), latin1("wo"),
+                                           latin1("wt"), latin1("rdwr"),  latin1("rw")};
 
 QStringList bitTypes()
 {
-    return {QLatin1String("bool"), QLatin1String("bit")};
+    return {latin1("bool"), latin1("bit")};
 }
 
 QStringList integerTypes()
 {
-    return {QLatin1String("int8"),   QLatin1String("uint8"),  QLatin1String("byte"),
-            QLatin1String("int16"),  QLatin1String("uint16"), QLatin1String("word"),
-            QLatin1String("short"),  QLatin1String("int32"),  QLatin1String("uint32"),
-            QLatin1String("dword"),  QLatin1String("int"),    QLatin1String("int64"),
-            QLatin1String("uint64"), QLatin1String("long")};
+    return {latin1("int8"), latin1("uint8"), latin1("byte"),   latin1("int16"),  latin1("uint16"),
+            latin1("word"), latin1("short"), latin1("int32"),  latin1("uint32"), latin1("dword"),
+            latin1("int"),  latin1("int64"), latin1("uint64"), latin1("long")};
 }
 
 QStringList floatingTypes()
 {
-    return {QLatin1String("float"), QLatin1String("double")};
+    return {latin1("float"), latin1("double")};
 }
 
 QString readFilter()
@@ -234,7 +233,7 @@ QStringList filterRegisters(const QStringList& types, const QString& rw)
     }
     RegisterWalk walk(types, rw);
     const QJsonArray records = registers.toArray();
-    for (const QJsonValue record : records) {
+    for (const QJsonValue& record : records) {
         if (record.isObject())
             walk.visit(record.toObject());
     }

@@ -238,7 +238,7 @@ void CommandReplyTest::reports()
     QCOMPARE(isAnswered, !message.isEmpty());
     QCOMPARE(host.messageTexts().join(QLatin1Char('|')), message);
     QCOMPARE(LogFolder::texts().join(QLatin1Char('|')), log);
-    QVERIFY(log.isEmpty() || LogFolder::lines().first().startsWith(QLatin1String("[E|")));
+    QVERIFY(log.isEmpty() || LogFolder::lines().constFirst().startsWith(QLatin1String("[E|")));
 }
 
 LASERWELD_CORE_TEST_MAIN(CommandReplyTest)
