@@ -60,6 +60,7 @@ struct Controller::Private
                     Transaction& transaction) const;
     Orders carryOut(const QString& plugin, const QJsonObject& data, Transaction& transaction) const;
     bool commit(const Transaction& transaction, Orders& orders);
+    bool conclude(Controller& owner, const Transaction& transaction, Orders& orders);
 
     std::unique_ptr<Cell> cell;
     WeldDevice device;
@@ -165,14 +166,23 @@ QJsonArray Controller::command(const QString& plugin, const QJsonObject& data)
     const Faults faults = d->faults;
     Transaction transaction{*d->cell, d->isPowered, d->device.state(), {}};
     Orders orders = d->carryOut(plugin, data, transaction);
-    const bool isStored = d->commit(transaction, orders);
-    for (const Order& order : std::as_const(orders))
-        Q_EMIT logged(logLine(order));
-    transaction.changes.remove(keys::weldData); // the device tells by itself
-    for (auto each = transaction.changes.cbegin(); isStored && each != transaction.changes.cend();
-         ++each)
-        Q_EMIT recordChanged(each.key());
+    d->conclude(*this, transaction, orders);
     return envelope(plugin, returns(orders), faults);
+}
+
+/// Commits, and tells everybody what came of it.
+bool Controller::Private::conclude(Controller& owner, const Transaction& transaction,
+                                   Orders& orders)
+{
+    const bool isStored = commit(transaction, orders);
+    for (const Order& order : std::as_const(orders))
+        Q_EMIT owner.logged(logLine(order));
+    for (auto each = transaction.changes.cbegin(); isStored && each != transaction.changes.cend();
+         ++each) {
+        if (each.key() != keys::weldData) // the device tells by itself
+            Q_EMIT owner.recordChanged(each.key());
+    }
+    return isStored;
 }
 
 QJsonArray Controller::textCommand(const QString& plugin, const QString& command,
@@ -240,6 +250,20 @@ void Controller::setConnected(bool on)
     if (!on)
         d->device.stopWire();
     Q_EMIT connectionChanged(on);
+}
+
+bool Controller::isVirtualWelding() const
+{
+    return d->device.state().virtualWelding;
+}
+
+bool Controller::setVirtualWelding(bool on)
+{
+    const QString name = QStringLiteral("set_virtual_welding");
+    const Command* command = findCommand(name);
+    Transaction transaction{*d->cell, d->isPowered, d->device.state(), {}};
+    Orders orders{{name, command, command->carryOut(on, transaction)}};
+    return d->conclude(*this, transaction, orders);
 }
 
 const Faults& Controller::faults() const

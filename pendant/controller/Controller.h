@@ -65,6 +65,11 @@ public:
     bool isConnected() const;
     void setConnected(bool on);
 
+    /// The work mode at the controller's own cabinet: apart from the connection, the power and the
+    /// faults. Setting it is false when it could not be stored.
+    bool isVirtualWelding() const;
+    bool setVirtualWelding(bool on);
+
     /// Takes effect with the next command or read.
     const Faults& faults() const;
     void setFaults(const Faults& faults);

@@ -17,13 +17,6 @@ namespace pendant {
 namespace {
 
 constexpr int Columns = 2;
-constexpr const char* Plugin = "qelLaserWelding";
-
-bool virtualWelding(const Controller& controller)
-{
-    return controller.serviceData(QStringLiteral("laser_weld_data.virtual_welding_status"))
-        .toBool();
-}
 
 } // namespace
 
@@ -42,8 +35,8 @@ FaultPanel::FaultPanel(Controller& controller, QWidget* parent)
         "power", tr("Robot powered"), [this] { return machine.isPowered(); },
         [this](bool on) { machine.setPowered(on); });
     addSwitch(
-        "virtual", tr("Cell in virtual welding"), [this] { return virtualWelding(machine); },
-        [this](bool on) { setVirtualWelding(machine, on); });
+        "virtual", tr("Cell in virtual welding"), [this] { return machine.isVirtualWelding(); },
+        [this](bool on) { machine.setVirtualWelding(on); });
     for (const FaultRow& row : faultRows())
         addFault(row);
     grid->setRowStretch(grid->rowCount(), 1);
@@ -136,20 +129,6 @@ void FaultPanel::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     load();
-}
-
-// A command needs the connection, which nobody else is to see come and go.
-void setVirtualWelding(Controller& controller, bool on)
-{
-    const bool wasConnected = controller.isConnected();
-    {
-        const QSignalBlocker quiet(controller);
-        controller.setConnected(true);
-    }
-    controller.command(QString::fromLatin1(Plugin),
-                       QJsonObject{{QStringLiteral("set_virtual_welding"), on}});
-    const QSignalBlocker quiet(controller);
-    controller.setConnected(wasConnected);
 }
 
 } // namespace pendant

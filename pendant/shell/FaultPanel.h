@@ -57,7 +57,4 @@ private:
     int placed = 0;
 };
 
-/// Sets the work mode as if at the controller's own cabinet, whatever the connection.
-void setVirtualWelding(Controller& controller, bool on);
-
 } // namespace pendant

@@ -107,7 +107,7 @@ struct TourSteps
     {
         if (!tour.clickName(latin("button_connection")))
             return false;
-        setVirtualWelding(tour.session->controller(), false);
+        tour.session->controller().setVirtualWelding(false);
         return tour.expect(!tour.session->controller().isConnected(),
                            latin("the connection did not go down")) &&
                tour.expectVirtual(true);

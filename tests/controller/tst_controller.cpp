@@ -87,6 +87,7 @@ private Q_SLOTS:
     void fullDisk();
 
     void disconnected();
+    void workModeAtTheCabinet();
     void powered();
 
     void faultDelay();
@@ -573,6 +574,24 @@ void ControllerTest::disconnected()
     QCOMPARE(changed.count(), 2);
     QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(false));
     QCOMPARE(m_controller->ports(QStringLiteral("DI")).size(), CellSize().ports);
+}
+
+// At the cabinet neither the connection nor a tester's faults are in the way.
+void ControllerTest::workModeAtTheCabinet()
+{
+    m_controller->setConnected(false);
+    m_controller->setFaults([] {
+        Faults faults;
+        faults.returnCode = 5;
+        return faults;
+    }());
+    QSignalSpy changed(m_controller.get(), &Controller::recordChanged);
+    QVERIFY(m_controller->setVirtualWelding(true));
+    QVERIFY(m_controller->isVirtualWelding());
+    QCOMPARE(changed, QList<QVariantList>{{weldData}});
+    QVERIFY(!m_controller->isConnected());
+    m_controller->setConnected(true);
+    QCOMPARE(weldStatus(*m_controller, "virtual_welding_status"), QJsonValue(true));
 }
 
 void ControllerTest::powered()

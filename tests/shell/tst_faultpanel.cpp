@@ -21,7 +21,6 @@ private Q_SLOTS:
     void connectionAndPower();
     void followsTheController();
     void workModeAtTheController();
-    void workModeWithoutAConnection();
 };
 
 void TestFaultPanel::everyFaultCanBeTurned_data()
@@ -100,19 +99,6 @@ void TestFaultPanel::workModeAtTheController()
     QVERIFY(cell->serviceData(QStringLiteral("laser_weld_data.virtual_welding_status")).toBool());
     box->click();
     QVERIFY(!cell->serviceData(QStringLiteral("laser_weld_data.virtual_welding_status")).toBool());
-}
-
-// Nobody hears of the connection on the way.
-void TestFaultPanel::workModeWithoutAConnection()
-{
-    TestCell cell;
-    cell->setConnected(false);
-    const QSignalSpy connection(&*cell, &Controller::connectionChanged);
-    setVirtualWelding(*cell, true);
-    QVERIFY(!cell->isConnected());
-    QCOMPARE(connection.size(), 0);
-    cell->setConnected(true);
-    QVERIFY(cell->serviceData(QStringLiteral("laser_weld_data.virtual_welding_status")).toBool());
 }
 
 LASERWELD_TEST_MAIN(TestFaultPanel)
