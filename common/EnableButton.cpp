@@ -91,14 +91,14 @@ void EnableButton::mousePressEvent(QMouseEvent* event)
         event->ignore();
         return;
     }
-    sliderX = checked ? width() - height() : 0;
     checked = !checked;
     startSlide();
     // A receiver may delete the switch.
     Q_EMIT enabled(checked);
 }
 
-/// A running slide starts anew. Two starts without a tick between them have the same value, which
+/// Puts the thumb at the end of the state before, whence it slides; a running slide starts anew.
+/// Two starts without a tick between them have the same value, which
 /// the animation does not tell a second time.
 void EnableButton::startSlide()
 {

@@ -152,7 +152,7 @@ bool StackedWidgetFit::event(QEvent* event)
 bool StackedWidgetFit::placePage()
 {
     QWidget* page = currentWidget();
-    if (!page || isMeasured(page))
+    if (!page)
         return false;
     if (!isFitted(page)) {
         page->setGeometry(rect());

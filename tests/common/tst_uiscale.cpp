@@ -137,6 +137,7 @@ private Q_SLOTS:
     void tuning();
     void tuningOfAnotherView();
     void rowsAreDrawnByTheSheet();
+    void sheetOfAnUnshownWidgetReachesThePopup_data();
     void sheetOfAnUnshownWidgetReachesThePopup();
 
     void fixerIsInstalledOnce();
@@ -470,9 +471,17 @@ void TestUiScale::rowsAreDrawnByTheSheet()
     QCOMPARE(combo.box->itemDelegate(), own);
 }
 
+void TestUiScale::sheetOfAnUnshownWidgetReachesThePopup_data()
+{
+    QTest::addColumn<bool>("viewFirst");
+    QTest::newRow("list made between the sheets") << true;
+    QTest::newRow("list made after the sheets") << false;
+}
+
 // The popup's list keeps the rules of the moment in which it was made.
 void TestUiScale::sheetOfAnUnshownWidgetReachesThePopup()
 {
+    QFETCH(bool, viewFirst);
     QWidget page;
     auto* frame = new QFrame(&page);
     auto* box = new QComboBox(frame);
@@ -480,8 +489,11 @@ void TestUiScale::sheetOfAnUnshownWidgetReachesThePopup()
     const QString css = QStringLiteral("QComboBox{combobox-popup:0;}"
                                        "QComboBox QAbstractItemView::item{min-height:%1px;}");
     UiScale::setStyleSheet(&page, css.arg(36));
-    UiScale::tuneComboPopup(box, 10);
+    if (viewFirst)
+        UiScale::tuneComboPopup(box, 10);
     UiScale::setStyleSheet(frame, css.arg(161));
+    if (!viewFirst)
+        UiScale::tuneComboPopup(box, 10);
     show(page);
     box->showPopup();
     QCOMPARE(box->view()->sizeHintForRow(0), 161);
