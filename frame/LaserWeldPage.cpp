@@ -42,8 +42,13 @@ LaserWeldPage::LaserWeldPage(QWidget* parent)
     , ui(new Ui::LaserWeldPage)
 {
     LOGI(LogTag::Plugin) << "LaserWeldPage::LaserWeldPage" << 17;
+    // A widget that is made under a parent with a sheet takes the style over at its birth; one that
+    // gets it later is styled anew with all that is below it. So the sheets come first, from the
+    // top down, and renderPages() finds them in place.
+    UiScale::setStyleSheet(this, QLatin1String(ScrollBarSheet));
     ui->setupUi(this);
     arrangeForm();
+    styleForm();
     createPages();
     addPages();
     trackingPageIndex = ui->stackedWidget->indexOf(trackingPage);
@@ -54,7 +59,6 @@ LaserWeldPage::LaserWeldPage(QWidget* parent)
         ui->stackedWidget->recomputeSize();
     });
     ui->stackedWidget->recomputeSize();
-    styleForm();
 }
 
 LaserWeldPage::~LaserWeldPage() = default;
@@ -77,11 +81,12 @@ void LaserWeldPage::arrangeForm()
 
 void LaserWeldPage::createPages()
 {
-    weldSettingPage = new WeldSettingPage(this);
-    weldioPage = new WeldioPage(weldSettingPage, this);
-    curvePage = new CharacteristicsCurvePage(weldSettingPage, this);
-    weldParameterPage = new WeldParameterPage(weldSettingPage, this);
-    trackingPage = new LaserTrackingPage(this);
+    QWidget* parent = ui->stackedWidget;
+    weldSettingPage = new WeldSettingPage(parent);
+    weldioPage = new WeldioPage(weldSettingPage, parent);
+    curvePage = new CharacteristicsCurvePage(weldSettingPage, parent);
+    weldParameterPage = new WeldParameterPage(weldSettingPage, parent);
+    trackingPage = new LaserTrackingPage(parent);
 }
 
 void LaserWeldPage::addPages()
@@ -118,10 +123,9 @@ void LaserWeldPage::addPage(const QString& buttonText, const QString& title, QWi
         button->click();
 }
 
-// Styled as the last step: a widget that gets a new parent is styled anew.
 QToolButton* LaserWeldPage::addButton(const QString& text, const QString& iconPath, int index)
 {
-    auto* button = new QToolButton(this);
+    auto* button = new QToolButton(ui->wgtNav);
     button->setObjectName(QString(QLatin1String("toolButton_page_%1")).arg(index));
     button->setText(text);
     button->setCheckable(true);
@@ -131,8 +135,8 @@ QToolButton* LaserWeldPage::addButton(const QString& text, const QString& iconPa
     if (!iconPath.isEmpty() && QFileInfo::exists(iconPath))
         button->setIcon(QIcon(iconPath));
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    ui->verticalLayout_4->addWidget(button);
     UiScale::setStyleSheet(button, QLatin1String(ButtonSheet));
+    ui->verticalLayout_4->addWidget(button);
     return button;
 }
 

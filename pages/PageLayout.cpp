@@ -39,10 +39,13 @@ void polishCaption(QLabel* label)
 }
 
 template<typename Field>
-void polishAll(QWidget* frame, int width, int height)
+void polishAll(QWidget* page, int width, int height)
 {
-    const auto fields = frame->findChildren<Field*>();
+    const auto fields = page->findChildren<Field*>();
     for (Field* each : fields) {
+        // When a field is polished, its sheet sets a least height of its own.
+        if (!each->isHidden())
+            each->ensurePolished();
         each->setMinimumSize(width, height);
         each->setMaximumWidth(width);
     }
@@ -63,10 +66,10 @@ void relaxSpacersOf(QLayout* layout)
 
 } // namespace
 
-int polishLabels(QWidget* frame, int unitWidth)
+int polishLabels(QWidget* page, int unitWidth)
 {
     int widestUnit = 0;
-    const auto labels = frame->findChildren<QLabel*>();
+    const auto labels = page->findChildren<QLabel*>();
     for (QLabel* each : labels) {
         each->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         if (each->objectName().endsWith(QLatin1String("_unit"))) {
@@ -86,11 +89,11 @@ void setUnitColumn(QWidget* frame, int width)
         grid->setColumnMinimumWidth(UnitColumn, width);
 }
 
-void polishFields(QWidget* frame, int width, int height)
+void polishFields(QWidget* page, int width, int height)
 {
-    polishAll<QSpinBox>(frame, width, height);
-    polishAll<QDoubleSpinBox>(frame, width, height);
-    polishAll<QComboBox>(frame, width, height);
+    polishAll<QSpinBox>(page, width, height);
+    polishAll<QDoubleSpinBox>(page, width, height);
+    polishAll<QComboBox>(page, width, height);
 }
 
 void relaxSpacers(QWidget* page)

@@ -12,11 +12,11 @@ namespace PageLayout {
 /// A caption wraps and may shrink to nothing; a unit stays on one line, `unitWidth` pixels wide at
 /// least. A unit is a label whose object name ends in "_unit". Returns the width that the widest
 /// unit needs for its text, 0 without a unit.
-int polishLabels(QWidget* frame, int unitWidth);
+int polishLabels(QWidget* page, int unitWidth);
 /// Width of the third column, in pixels; nothing happens where the frame has no grid.
 void setUnitColumn(QWidget* frame, int width);
 /// Number fields and combo boxes: `height` is the least, `width` the exact one, in pixels.
-void polishFields(QWidget* frame, int width, int height);
+void polishFields(QWidget* page, int width, int height);
 
 /// No spacer of the page keeps a width; each takes what room is left beside the fields.
 void relaxSpacers(QWidget* page);

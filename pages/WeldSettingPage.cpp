@@ -140,6 +140,14 @@ int fieldHeight(QWidget* page)
     return std::max(textHeight + UiScale::pixels(4, page), 22);
 }
 
+/// A label that is asked for its hint is polished, and from then on each sheet that is set above it
+/// styles all that stands there anew. A page without a sheet does with the height of the text.
+int hintHeight(const QLabel* label)
+{
+    const bool isStyled = label->testAttribute(Qt::WA_StyleSheet);
+    return isStyled ? label->sizeHint().height() : label->fontMetrics().height();
+}
+
 } // namespace
 
 WeldSettingPage::WeldSettingPage(QWidget* parent)
@@ -375,16 +383,17 @@ void WeldSettingPage::applyPageStyle()
 
 void WeldSettingPage::polishFields()
 {
-    UiScale::applyFonts(this, 10);
-    polishSwitches();
-    const int height = fieldHeight(this);
-    int widestUnit = 0;
-    for (QFrame* Form::*frame : Frames) {
-        const int unit = PageLayout::polishLabels((*ui).*frame, UiScale::pixels(40, this));
-        widestUnit = std::max(widestUnit, unit);
-        PageLayout::polishFields((*ui).*frame, UiScale::pixels(120, this), height);
+    // Qt lays a page out anew for each font that is set, also for the one that is there already.
+    const QFont font = UiScale::font(10, this);
+    if (font != fieldFont) {
+        UiScale::applyFonts(this, 10);
+        fieldFont = font;
     }
-    // The fields of all frames stand in line, and no unit is cut off on a dense screen.
+    polishSwitches();
+    // All labels and fields of the page stand in the frames. Their columns stand in line, and no
+    // unit is cut off on a dense screen.
+    const int widestUnit = PageLayout::polishLabels(this, UiScale::pixels(40, this));
+    PageLayout::polishFields(this, UiScale::pixels(120, this), fieldHeight(this));
     for (QFrame* Form::*frame : Frames)
         PageLayout::setUnitColumn((*ui).*frame, widestUnit);
 }
@@ -426,7 +435,7 @@ void WeldSettingPage::relaxHeader()
     row->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     EnableButton* main = ui->pushButton_main_enable;
     main->setMinimumSize(main->minimumSize().expandedTo(main->minimumSizeHint()));
-    const int content = std::max(ui->label_main_enable->sizeHint().height(), main->minimumHeight());
+    const int content = std::max(hintHeight(ui->label_main_enable), main->minimumHeight());
     const QMargins margins = row->contentsMargins();
     const int edges = margins.top() + margins.bottom() + 2 * ui->frame_5->frameWidth();
     ui->frame_5->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QWidget>
@@ -79,4 +80,5 @@ private:
     void relaxColumns();
 
     std::unique_ptr<Ui::WeldSettingPage> ui;
+    QFont fieldFont; ///< given to the fields last
 };
