@@ -1,0 +1,332 @@
+// From the load of the plugin's library to the first painted frame of its main page, beside the
+// time in which QUiLoader builds and shows the same forms with the same style sheets.
+//
+// Each round is a process of its own, as a second load in the same process would find everything
+// warm. What both need of the desktop (fonts, the style, a first window) is made before the clock
+// starts.
+
+#include "Ratio.h"
+#include "StyleHelpers.h"
+
+#include "hostbackend.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QIcon>
+#include <QLabel>
+#include <QLayout>
+#include <QLibrary>
+#include <QPointer>
+#include <QProcess>
+#include <QScrollArea>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QUiLoader>
+
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+constexpr int Rounds = 15;
+constexpr double Limit = 0.5;
+constexpr QSize PageSize(1024, 700);
+
+/// A cell with a hundred ports of each kind and a record.
+class CellHost : public qelplugin::HostBackend
+{
+public:
+    CellHost()
+        : before(qelplugin::setHostBackend(this))
+    {}
+    ~CellHost() override { qelplugin::setHostBackend(before); }
+
+    int createCenterWidget(const QString&, QWidget* widget) override
+    {
+        center = widget;
+        return 0;
+    }
+    QJsonValue serviceData(const QString& key) override
+    {
+        if (key != QLatin1String("weld_setting_config"))
+            return QJsonValue(QJsonValue::Undefined);
+        return QJsonObject{{QLatin1String("laser_power"), 2500},
+                           {QLatin1String("feedback_delay"), 800},
+                           {QLatin1String("feeder_enable"), true}};
+    }
+    int userLevel() override { return 3; }
+    QStringList ports(const QString& kind) override
+    {
+        QStringList names;
+        for (int index = 0; index < 100; ++index)
+            names << kind + QString::number(index);
+        return names;
+    }
+
+    QPointer<QWidget> center;
+
+private:
+    Q_DISABLE_COPY(CellHost)
+    qelplugin::HostBackend* before;
+};
+
+/// Notes the first paint of anything below the widget.
+class PaintWatch : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+    bool painted = false;
+};
+
+void showUntilPainted(QWidget* window)
+{
+    PaintWatch watch;
+    window->installEventFilter(&watch);
+    window->resize(PageSize);
+    window->show();
+    while (!watch.painted)
+        QApplication::processEvents();
+}
+
+// The peer ------------------------------------------------------------------------------------
+
+class FormLoader : public QUiLoader
+{
+public:
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override
+    {
+        QWidget* widget = nullptr;
+        if (className == QLatin1String("EnableButton")) {
+            widget = new QWidget(parent);
+            widget->setFixedSize(50, 24);
+        } else if (className == QLatin1String("StackedWidgetFit")) {
+            widget = new QStackedWidget(parent);
+        } else {
+            return QUiLoader::createWidget(className, parent, name);
+        }
+        widget->setObjectName(name);
+        return widget;
+    }
+
+    QWidget* form(const char* path, QWidget* parent)
+    {
+        QFile file(QLatin1String(SOURCE_FOLDER "/") + QLatin1String(path));
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("cannot read %s", path);
+        return load(&file, parent);
+    }
+};
+
+template<typename Widget = QWidget>
+Widget* named(const QWidget* root, const char* name)
+{
+    return root->findChild<Widget*>(QLatin1String(name));
+}
+
+/// The sheet that the helper gives to a widget of that kind.
+template<typename Widget>
+QString sheetOf(void (*helper)(QWidget*))
+{
+    Widget widget;
+    helper(&widget);
+    return widget.styleSheet();
+}
+
+void hideUnused(const QWidget* page)
+{
+    for (const char* name :
+         {"pushButton_Retraction", "pushButton_WireSticking", "comboBox_feedback_di",
+          "comboBox_detection_do", "comboBox_laser_comm_type", "comboBox_wire_feed_type",
+          "comboBox_wire_feeder_comm_type", "label_21", "label_25", "label_Method", "label_6",
+          "label_7"})
+        named(page, name)->hide();
+}
+
+/// The texts of the sheets; made before the clock starts.
+struct Sheets
+{
+    QString white = QLatin1String("QWidget{background-color:white;}");
+    QString title = QLatin1String("QLabel#lblTitle{font:bold 16px;min-height:30px;}");
+    QString scrollBars = QLatin1String("QScrollBar::handle:hover{background:#b0b0b0;}");
+    QString button = QLatin1String(
+        "QToolButton {height: 30px;padding: 0px 6px;background-color: rgb(235, 235, 235);border: "
+        "none;border-radius: 3px;font: 17px;color: black;}QToolButton:hover {background: rgb(99, "
+        "99, 99);background-color: rgb(135, 161, 174);}QToolButton:pressed {background: "
+        "#636363;}QToolButton:checked {background: #8a0121;color: white;}");
+    QString page = sheetOf<QWidget>(applyBaseStyle);
+    QString frame = sheetOf<QFrame>(applyConfigFrameStyle);
+};
+
+// From the top down, which is the cheapest order: no widget is styled twice.
+void styleForms(QWidget* main, QWidget* setting, const Sheets& sheets)
+{
+    main->setStyleSheet(sheets.scrollBars);
+    named(main, "wgtContent")->setStyleSheet(sheets.white);
+    named(main, "wgtTitle")->setStyleSheet(sheets.white);
+    named(main, "lblTitle")->setStyleSheet(sheets.title);
+    setting->setStyleSheet(sheets.page);
+    for (const char* name :
+         {"frame_5", "frame", "frame_2", "frame_3", "frame_4", "frame_WireSticking"})
+        named(setting, name)->setStyleSheet(sheets.frame);
+}
+
+/// The navigation is no part of a form, and yet it is in the picture of both.
+void addNavigation(QWidget* main, const QString& sheet)
+{
+    QWidget* column = named(main, "wgtNav");
+    const std::pair<const char*, const char*> entries[] = {
+        {"Weld Setup", "DeviceSetting"},        {"Weld I/O", "IO"},
+        {"Char. Curve", "CharacteristicCurve"}, {"Weld Data", "ProcessSetting"},
+        {"Laser Tracking", "WeaveFunction"},
+    };
+    for (const auto& [text, icon] : entries) {
+        auto* button = new QToolButton(column);
+        button->setText(QLatin1String(text));
+        button->setCheckable(true);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setMinimumHeight(42);
+        button->setIcon(QIcon(QLatin1String(SOURCE_FOLDER "/resources/png/meanlist/LaserWeld") +
+                              QLatin1String(icon) + QLatin1String(".png")));
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        column->layout()->addWidget(button);
+        button->setStyleSheet(sheet);
+    }
+}
+
+void openWithLoader(const Sheets& sheets)
+{
+    FormLoader loader;
+    QWidget* main = loader.form("frame/LaserWeldPage.ui", nullptr);
+    auto* stack = named<QStackedWidget>(main, "stackedWidget");
+    QWidget* setting = loader.form("pages/WeldSettingPage.ui", main);
+    hideUnused(setting);
+    stack->addWidget(setting);
+    for (const char* page : {"pages/WeldioPage.ui", "pages/CharacteristicsCurvePage.ui",
+                             "pages/WeldParameterPage.ui", "pages/LaserTrackingPage.ui"})
+        stack->addWidget(loader.form(page, main));
+    addNavigation(main, sheets.button);
+    styleForms(main, setting, sheets);
+    stack->setCurrentWidget(setting);
+    showUntilPainted(main);
+}
+
+// Ours ----------------------------------------------------------------------------------------
+
+/// A backend must outlive the page, so both live until the process ends.
+void openPlugin(CellHost& host)
+{
+    QLibrary library(QLatin1String(PLUGIN_FILE));
+    if (!library.load())
+        qFatal("%s", qPrintable(library.errorString()));
+    qelplugin::PluginBase* plugin =
+        qelplugin::createPlugin(QLatin1String("qelLaserWelding"), QCoreApplication::instance());
+    plugin->init();
+    plugin->afterInit();
+    plugin->render();
+    showUntilPainted(host.center);
+}
+
+// Both ----------------------------------------------------------------------------------------
+
+void warmDesktop()
+{
+    const QString family = QLatin1String("Microsoft YaHei UI");
+    QFont::insertSubstitution(family, QLatin1String("Noto Sans CJK SC"));
+    QWidget window;
+    auto* text = new QLabel(QLatin1String("Warm 0123456789"), &window);
+    new QSpinBox(&window);
+    for (const QFont::Weight weight : {QFont::Normal, QFont::DemiBold, QFont::Bold}) {
+        for (int points : {9, 10, 12}) {
+            text->setFont(QFont(family, points, weight));
+            text->setText(text->text() + QLatin1String(" and more"));
+            showUntilPainted(&window);
+            window.hide();
+        }
+    }
+}
+
+/// Resident memory of the process, in KiB.
+long residentKiB()
+{
+    QFile status(QLatin1String("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').first().toLong();
+    }
+    return 0;
+}
+
+/// One round: prints microseconds and KiB.
+int runRound(bool ours)
+{
+    CellHost host;
+    warmDesktop();
+    const Sheets sheets;
+    const long before = residentKiB();
+    const double taken = Ratio::microseconds([&] {
+        if (ours)
+            openPlugin(host);
+        else
+            openWithLoader(sheets);
+    });
+    std::printf("%.1f %ld\n", taken, residentKiB() - before);
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+struct Round
+{
+    double microseconds = 1e300;
+    long kibibytes = 0;
+};
+
+Round startRound(const char* side, const QString& folder)
+{
+    QProcess process;
+    process.setWorkingDirectory(folder); // the log goes there
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(QCoreApplication::applicationFilePath(), {QLatin1String(side)});
+    process.waitForFinished(60000);
+    const QList<QByteArray> lines = process.readAllStandardOutput().trimmed().split('\n');
+    const QList<QByteArray> fields = lines.last().split(' ');
+    if (fields.size() != 2)
+        qFatal("a round of %s gave nothing", side);
+    return {fields.at(0).toDouble(), fields.at(1).toLong()};
+}
+
+void keepLeast(Round& least, const Round& round)
+{
+    if (round.microseconds < least.microseconds)
+        least = round;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    if (argc > 1)
+        return runRound(qstrcmp(argv[1], "ours") == 0);
+    const QTemporaryDir folder;
+    Round ours;
+    Round peer;
+    for (int round = 0; round < Rounds; ++round) {
+        keepLeast(ours, startRound("ours", folder.path()));
+        keepLeast(peer, startRound("peer", folder.path()));
+    }
+    const bool holds = Ratio::report("library load to first frame / QUiLoader",
+                                     {ours.microseconds, peer.microseconds}, Limit);
+    std::printf("%-58s %9ld KiB %12ld KiB\n", "memory that it adds / QUiLoader", ours.kibibytes,
+                peer.kibibytes);
+    return holds ? 0 : 1;
+}

@@ -1,0 +1,123 @@
+// A second show of a page whose record has not changed, beside its first show. Both run from the
+// call of show() to the painted frame. Each round is a process of its own: a page has one first
+// show in the life of a pendant.
+
+#include "Ratio.h"
+#include "WeldSettingPage.h"
+
+#include "hostbackend.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int Rounds = 15;
+constexpr double Limit = 0.2;
+constexpr QSize WindowSize(800, 600);
+
+/// A cell with a record and a hundred ports of each kind.
+class CellHost : public qelplugin::HostBackend
+{
+public:
+    CellHost()
+        : before(qelplugin::setHostBackend(this))
+    {}
+    ~CellHost() override { qelplugin::setHostBackend(before); }
+
+    QJsonValue serviceData(const QString&) override
+    {
+        return QJsonObject{{QLatin1String("laser_power"), 2500},
+                           {QLatin1String("feedback_delay"), 800},
+                           {QLatin1String("feeder_enable"), true}};
+    }
+    int userLevel() override { return 3; }
+    QStringList ports(const QString& kind) override
+    {
+        QStringList names;
+        for (int index = 0; index < 100; ++index)
+            names << kind + QString::number(index);
+        return names;
+    }
+
+private:
+    Q_DISABLE_COPY(CellHost)
+    qelplugin::HostBackend* before;
+};
+
+class PaintWatch : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+    bool painted = false;
+};
+
+void showUntilPainted(QWidget* widget)
+{
+    PaintWatch watch;
+    widget->installEventFilter(&watch);
+    widget->show();
+    while (!watch.painted)
+        QApplication::processEvents();
+    widget->removeEventFilter(&watch);
+}
+
+/// Shows the page twice in a window that is open, and prints the microseconds of both.
+int runRound()
+{
+    const CellHost host;
+    QWidget window;
+    window.resize(WindowSize);
+    auto* layout = new QVBoxLayout(&window);
+    showUntilPainted(&window);
+    auto* page = new WeldSettingPage(&window);
+    layout->addWidget(page);
+    page->hide();
+    page->applyPageStyle();
+    const Ratio::Work show = [page] { showUntilPainted(page); };
+    const double first = Ratio::microseconds(show);
+    QApplication::processEvents();
+    page->hide();
+    QApplication::processEvents();
+    const double second = Ratio::microseconds(show);
+    std::printf("%.1f %.1f\n", first, second);
+    return 0;
+}
+
+Ratio::Figures startRound()
+{
+    QProcess process;
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(QCoreApplication::applicationFilePath(), {QLatin1String("round")});
+    process.waitForFinished(60000);
+    const QList<QByteArray> times = process.readAllStandardOutput().trimmed().split(' ');
+    if (times.size() != 2)
+        qFatal("a round gave nothing");
+    return {times.at(1).toDouble(), times.at(0).toDouble()};
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QFont::insertSubstitution(QLatin1String("Microsoft YaHei UI"),
+                              QLatin1String("Noto Sans CJK SC"));
+    if (argc > 1)
+        return runRound();
+    Ratio::Figures least{1e300, 1e300};
+    for (int round = 0; round < Rounds; ++round) {
+        const Ratio::Figures figures = startRound();
+        least.ours = std::min(least.ours, figures.ours);
+        least.peer = std::min(least.peer, figures.peer);
+    }
+    return Ratio::report("second show of Weld Setup / its first show", least, Limit) ? 0 : 1;
+}
