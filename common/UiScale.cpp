@@ -326,11 +326,8 @@ void tuneComboPopup(QComboBox* combo, int maxVisible)
 
 void styleComboRows(QComboBox* combo)
 {
-    if (!combo)
-        return;
-    if (!qobject_cast<QStyledItemDelegate*>(combo->itemDelegate()))
+    if (combo && !qobject_cast<QStyledItemDelegate*>(combo->itemDelegate()))
         combo->setItemDelegate(new QStyledItemDelegate(combo));
-    repolishViews(combo);
 }
 
 void fixComboPopupBelow(QComboBox* combo, int maxRows)

@@ -486,12 +486,11 @@ void TestUiScale::sheetOfAnUnshownWidgetReachesThePopup()
     auto* frame = new QFrame(&page);
     auto* box = new QComboBox(frame);
     box->addItem(QStringLiteral("item"));
-    const QString css = QStringLiteral("QComboBox{combobox-popup:0;}"
-                                       "QComboBox QAbstractItemView::item{min-height:%1px;}");
+    const QString css = QStringLiteral("QComboBox QAbstractItemView::item{min-height:%1px;}");
     UiScale::setStyleSheet(&page, css.arg(36));
     if (viewFirst)
         UiScale::tuneComboPopup(box, 10);
-    UiScale::setStyleSheet(frame, css.arg(161));
+    UiScale::setStyleSheet(frame, QStringLiteral("QComboBox{combobox-popup:0;}") + css.arg(161));
     if (!viewFirst)
         UiScale::tuneComboPopup(box, 10);
     show(page);
