@@ -70,7 +70,7 @@ QJsonArray ScriptedHost::answer(const Command& command)
     commands.append(command);
     if (onCommand)
         onCommand(command);
-    const QString name = command.data.isEmpty() ? QString() : command.data.keys().first();
+    const QString name = command.data.keys().value(0);
     const auto scripted = replies.constFind(name);
     if (scripted != replies.constEnd())
         return *scripted;

@@ -6,14 +6,24 @@
 #include <QMutexLocker>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 // Warnings may come from any thread, the assertions belong on the test's.
-QMutex mutex;
-QList<QRegularExpression> expected;
-QStringList unexpected;
-QtMessageHandler before = nullptr;
+struct Warnings
+{
+    QMutex mutex;
+    QList<QRegularExpression> expected;
+    QStringList unexpected;
+    QtMessageHandler before = nullptr;
+};
+
+Warnings& warnings()
+{
+    static Warnings all;
+    return all;
+}
 
 // The platform without a display says this of every window and popup that is shown.
 bool isOfThePlatform(const QString& text)
@@ -25,28 +35,28 @@ void handleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
 {
     if (isOfThePlatform(text))
         return;
+    Warnings& all = warnings();
     if (type == QtWarningMsg || type == QtCriticalMsg) {
-        const QMutexLocker lock(&mutex);
-        const auto match =
-            std::find_if(expected.begin(), expected.end(), [&](const QRegularExpression& each) {
-                return each.match(text).hasMatch();
-            });
-        if (match != expected.end()) {
-            expected.erase(match);
+        const QMutexLocker lock(&all.mutex);
+        const auto match = std::find_if(
+            all.expected.begin(), all.expected.end(),
+            [&](const QRegularExpression& each) { return each.match(text).hasMatch(); });
+        if (match != all.expected.end()) {
+            all.expected.erase(match);
             return;
         }
-        unexpected << text;
+        all.unexpected << text;
     }
-    if (before)
-        before(type, context, text);
+    if (all.before)
+        all.before(type, context, text);
 }
 
 } // namespace
 
 void TestCase::expectWarning(const QRegularExpression& text)
 {
-    const QMutexLocker lock(&mutex);
-    expected << text;
+    const QMutexLocker lock(&warnings().mutex);
+    warnings().expected << text;
 }
 
 void TestCase::expectWarning(const QString& text)
@@ -62,28 +72,26 @@ int TestCase::run(QObject* test, int argc, char** argv)
 
 void TestCase::init()
 {
-    const QMutexLocker lock(&mutex);
-    expected.clear();
-    unexpected.clear();
-    before = qInstallMessageHandler(handleMessage);
+    Warnings& all = warnings();
+    const QMutexLocker lock(&all.mutex);
+    all.expected.clear();
+    all.unexpected.clear();
+    all.before = qInstallMessageHandler(handleMessage);
     // The test may have gone to another working directory.
     qelplugin::recheckLogFiles();
 }
 
 void TestCase::cleanup()
 {
-    qInstallMessageHandler(before);
-    before = nullptr;
-    const QMutexLocker lock(&mutex);
+    Warnings& all = warnings();
+    qInstallMessageHandler(std::exchange(all.before, nullptr));
+    const QMutexLocker lock(&all.mutex);
     QStringList missing;
-    for (const QRegularExpression& each : std::as_const(expected))
+    for (const QRegularExpression& each : std::as_const(all.expected))
         missing << each.pattern();
-    QVERIFY2(
-        unexpected.isEmpty(),
-        qPrintable(
-            QStringLiteral("unexpected warning: %1").arg(unexpected.join(QLatin1String(" | ")))));
-    QVERIFY2(
-        missing.isEmpty(),
-        qPrintable(
-            QStringLiteral("warning did not come: %1").arg(missing.join(QLatin1String(" | ")))));
+    const QString separator = QStringLiteral(" | ");
+    QVERIFY2(all.unexpected.isEmpty(),
+             qPrintable(QStringLiteral("unexpected: ") + all.unexpected.join(separator)));
+    QVERIFY2(missing.isEmpty(),
+             qPrintable(QStringLiteral("did not come: ") + missing.join(separator)));
 }
