@@ -523,7 +523,8 @@ void TestLaserWeldPage::isPaintedWhole()
     QCOMPARE(child<QLabel>(&t.page, "lblTitle")->font().pixelSize(), 16);
     QVERIFY(child<QLabel>(&t.page, "lblTitle")->font().bold());
     QVERIFY(child<QLabel>(&t.page, "lblTitle")->height() >= 30);
-    for (const QToolButton* each : t.buttons()) {
+    const auto buttons = t.buttons();
+    for (const QToolButton* each : buttons) {
         QCOMPARE(each->font().pixelSize(), 17);
         QVERIFY(each->height() >= 42);
         QVERIFY(each->width() >= each->sizeHint().width());

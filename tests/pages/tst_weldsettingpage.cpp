@@ -17,6 +17,7 @@
 #include <QSpinBox>
 
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -32,42 +33,42 @@ struct Field
 {
     const char* name;
     const char* key;
-    Reading reading;
     const char* frame;
     const char* caption;
     const char* unit;
+    Reading reading;
     int low, high, preset;
 };
 
 const Field Fields[] = {
-    {"spinBox_laser_power", "laser_power", Reading::Truncated, "frame", "Laser power", "W", 0, 9999,
+    {"spinBox_laser_power", "laser_power", "frame", "Laser power", "W", Reading::Truncated, 0, 9999,
      3000},
-    {"spinBox_feedback_delay", "feedback_delay", Reading::Truncated, "frame", "Laser detect time",
-     "ms", 0, 2000, 1000},
-    {"spinBox_laser_check_out_time", "laser_check_out_time", Reading::Whole, "frame",
-     "Laser check out time", "ms", 0, 500, 200},
-    {"spinBox_pre_gas_time", "pre_gas_time", Reading::Whole, "frame_3", "Gas on advance time", "ms",
+    {"spinBox_feedback_delay", "feedback_delay", "frame", "Laser detect time", "ms",
+     Reading::Truncated, 0, 2000, 1000},
+    {"spinBox_laser_check_out_time", "laser_check_out_time", "frame", "Laser check out time", "ms",
+     Reading::Whole, 0, 500, 200},
+    {"spinBox_pre_gas_time", "pre_gas_time", "frame_3", "Gas on advance time", "ms", Reading::Whole,
      0, 2000, 300},
-    {"spinBox_delay_off_time", "delay_off_time", Reading::Whole, "frame_3", "Gas off delay time",
-     "ms", 0, 2000, 300},
-    {"spinBox_detection_delay", "detection_delay", Reading::Whole, "frame_3", "Gas detect  time",
-     "ms", 0, 2000, 300},
-    {"spinBox_manual_gas_time", "manual_gas_time", Reading::Whole, "frame_3", "Gas purge time",
-     "ms", 1000, 10000, 5000},
-    {"doubleSpinBox_retraction_distance", "retraction_distance", Reading::Truncated, "frame_4",
-     "Overlap Distance", "mm", 0, 50, 5},
-    {"doubleSpinBox_retraction_speed", "retraction_speed", Reading::Truncated, "frame_4",
-     "Return speed", "mm/s", 0, 100, 20},
-    {"doubleSpinBox_max_feed_speed", "max_feed_speed", Reading::Truncated, "frame_2", "Max. speed",
-     "mm/s", 0, 1000, 200},
-    {"doubleSpinBox_manual_feed_speed", "manual_feed_speed", Reading::Truncated, "frame_2",
-     "Manual feed forward speed", "mm/s", 0, 500, 10},
-    {"doubleSpinBox_manual_retract_speed", "manual_retract_speed", Reading::Truncated, "frame_2",
-     "Manual feed backward speed", "mm/s", 0, 500, 10},
-    {"spinBox_wire_feedback_detection", "wire_feedback_detection", Reading::Whole, "frame_2",
-     "Wire feed check time", "ms", 0, 2000, 1000},
-    {"spinBox_detection_time", "detection_time", Reading::Whole, "frame_WireSticking",
-     "Detect duration", "ms", 100, 1000, 200},
+    {"spinBox_delay_off_time", "delay_off_time", "frame_3", "Gas off delay time", "ms",
+     Reading::Whole, 0, 2000, 300},
+    {"spinBox_detection_delay", "detection_delay", "frame_3", "Gas detect  time", "ms",
+     Reading::Whole, 0, 2000, 300},
+    {"spinBox_manual_gas_time", "manual_gas_time", "frame_3", "Gas purge time", "ms",
+     Reading::Whole, 1000, 10000, 5000},
+    {"doubleSpinBox_retraction_distance", "retraction_distance", "frame_4", "Overlap Distance",
+     "mm", Reading::Truncated, 0, 50, 5},
+    {"doubleSpinBox_retraction_speed", "retraction_speed", "frame_4", "Return speed", "mm/s",
+     Reading::Truncated, 0, 100, 20},
+    {"doubleSpinBox_max_feed_speed", "max_feed_speed", "frame_2", "Max. speed", "mm/s",
+     Reading::Truncated, 0, 1000, 200},
+    {"doubleSpinBox_manual_feed_speed", "manual_feed_speed", "frame_2", "Manual feed forward speed",
+     "mm/s", Reading::Truncated, 0, 500, 10},
+    {"doubleSpinBox_manual_retract_speed", "manual_retract_speed", "frame_2",
+     "Manual feed backward speed", "mm/s", Reading::Truncated, 0, 500, 10},
+    {"spinBox_wire_feedback_detection", "wire_feedback_detection", "frame_2",
+     "Wire feed check time", "ms", Reading::Whole, 0, 2000, 1000},
+    {"spinBox_detection_time", "detection_time", "frame_WireSticking", "Detect duration", "ms",
+     Reading::Whole, 100, 1000, 200},
 };
 
 const char* const ConfigFrames[] = {"frame", "frame_2", "frame_3", "frame_4", "frame_WireSticking"};
@@ -124,7 +125,7 @@ struct PageOnHost
     void setValue(const char* name, int number) { child<QSpinBox>(&page, name)->setValue(number); }
     bool isEnabled(const char* name)
     {
-        return child<QWidget>(&page, name)->testAttribute(Qt::WA_ForceDisabled) == false;
+        return !child<QWidget>(&page, name)->testAttribute(Qt::WA_ForceDisabled);
     }
     void press(const char* name) { QTest::mouseClick(child<QWidget>(&page, name), Qt::LeftButton); }
     /// What the page is when nothing has been noted yet.
@@ -175,6 +176,13 @@ public:
 private:
     QEvent::Type type;
 };
+
+template<typename Widget>
+std::vector<Widget*> all(const QWidget& root)
+{
+    const auto found = root.findChildren<Widget*>();
+    return {found.begin(), found.end()};
+}
 
 QStringList itemTexts(const QComboBox* box)
 {
@@ -1140,7 +1148,7 @@ void TestWeldSettingPage::stylesAreSet()
         QVERIFY(child<QFrame>(&t.page, name)
                     ->styleSheet()
                     .startsWith("QFrame{border:1px solid #c8c8c8"_s));
-    for (const QComboBox* box : t.page.findChildren<QComboBox*>())
+    for (const QComboBox* box : all<QComboBox>(t.page))
         QCOMPARE(box->maxVisibleItems(), 10);
     // A style that is set again changes nothing.
     EventCount restyled(QEvent::StyleChange);
@@ -1173,7 +1181,7 @@ void TestWeldSettingPage::switchesAreSized()
         t.page.show();
         QTRY_COMPARE(t.mainSwitch()->size(), size.expandedTo(QSize(50, 24)));
         QTRY_COMPARE(child<QWidget>(&t.page, "pushButton_Feeder")->size(), size);
-        for (const EnableButton* each : t.page.findChildren<EnableButton*>())
+        for (const EnableButton* each : all<EnableButton>(t.page))
             QCOMPARE(each->maximumSize(), size);
         t.page.hide();
     }
@@ -1184,7 +1192,7 @@ void TestWeldSettingPage::labelsAndFieldsArePolished()
     PageOnHost t;
     t.page.applyPageStyle();
     t.page.show();
-    for (const QLabel* label : t.page.findChildren<QLabel*>()) {
+    for (const QLabel* label : all<QLabel>(t.page)) {
         const bool isUnit = label->objectName().endsWith("_unit"_s);
         QCOMPARE(label->wordWrap(), !isUnit);
         QCOMPARE(label->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
@@ -1240,7 +1248,7 @@ void TestWeldSettingPage::layoutIsRelaxed()
     QCOMPARE(header->layout()->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
     QVERIFY(t.mainSwitch()->minimumWidth() >= 50);
     int spacers = 0;
-    for (const QLayout* layout : t.page.findChildren<QLayout*>()) {
+    for (const QLayout* layout : all<QLayout>(t.page)) {
         if (const auto* box = qobject_cast<const QBoxLayout*>(layout))
             QCOMPARE(box->spacing(), 4);
         if (const auto* each = qobject_cast<const QGridLayout*>(layout)) {
@@ -1275,7 +1283,7 @@ void TestWeldSettingPage::nothingIsCutOff()
     t.page.resize(size);
     t.page.show();
     QCoreApplication::processEvents();
-    for (const QLabel* label : t.page.findChildren<QLabel*>()) {
+    for (const QLabel* label : all<QLabel>(t.page)) {
         if (label->isHidden())
             continue;
         const QString name = label->objectName();
