@@ -141,7 +141,7 @@ int fieldHeight(QWidget* page)
 }
 
 /// A label that is asked for its hint is polished, and from then on each sheet that is set above it
-/// styles all that stands there anew. A page without a sheet does with the height of the text.
+/// styles all that stands there anew. A label without a style yet does with its text's height.
 int hintHeight(const QLabel* label)
 {
     const bool isStyled = label->testAttribute(Qt::WA_StyleSheet);
