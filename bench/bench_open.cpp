@@ -5,10 +5,9 @@
 // warm. What both need of the desktop (fonts, the style, a first window) is made before the clock
 // starts.
 
+#include "PageBench.h"
 #include "Ratio.h"
 #include "StyleHelpers.h"
-
-#include "hostbackend.h"
 
 #include <QApplication>
 #include <QFile>
@@ -16,7 +15,6 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLibrary>
-#include <QPointer>
 #include <QProcess>
 #include <QScrollArea>
 #include <QSpinBox>
@@ -28,71 +26,14 @@
 #include <cstdlib>
 #include <utility>
 
+using PageBench::CellHost;
+using PageBench::showUntilPainted;
+
 namespace {
 
 constexpr int Rounds = 15;
 constexpr double Limit = 0.5;
 constexpr QSize PageSize(1024, 700);
-
-/// A cell with a hundred ports of each kind and a record.
-class CellHost : public qelplugin::HostBackend
-{
-public:
-    CellHost()
-        : before(qelplugin::setHostBackend(this))
-    {}
-    ~CellHost() override { qelplugin::setHostBackend(before); }
-
-    int createCenterWidget(const QString&, QWidget* widget) override
-    {
-        center = widget;
-        return 0;
-    }
-    QJsonValue serviceData(const QString& key) override
-    {
-        if (key != QLatin1String("weld_setting_config"))
-            return QJsonValue(QJsonValue::Undefined);
-        return QJsonObject{{QLatin1String("laser_power"), 2500},
-                           {QLatin1String("feedback_delay"), 800},
-                           {QLatin1String("feeder_enable"), true}};
-    }
-    int userLevel() override { return 3; }
-    QStringList ports(const QString& kind) override
-    {
-        QStringList names;
-        for (int index = 0; index < 100; ++index)
-            names << kind + QString::number(index);
-        return names;
-    }
-
-    QPointer<QWidget> center;
-
-private:
-    Q_DISABLE_COPY(CellHost)
-    qelplugin::HostBackend* before;
-};
-
-/// Notes the first paint of anything below the widget.
-class PaintWatch : public QObject
-{
-public:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        painted = painted || event->type() == QEvent::Paint;
-        return false;
-    }
-    bool painted = false;
-};
-
-void showUntilPainted(QWidget* window)
-{
-    PaintWatch watch;
-    window->installEventFilter(&watch);
-    window->resize(PageSize);
-    window->show();
-    while (!watch.painted)
-        QApplication::processEvents();
-}
 
 // The peer ------------------------------------------------------------------------------------
 
@@ -213,6 +154,7 @@ void openWithLoader(const Sheets& sheets)
     addNavigation(main, sheets.button);
     styleForms(main, setting, sheets);
     stack->setCurrentWidget(setting);
+    main->resize(PageSize);
     showUntilPainted(main);
 }
 
@@ -229,6 +171,7 @@ void openPlugin(CellHost& host)
     plugin->init();
     plugin->afterInit();
     plugin->render();
+    host.center->resize(PageSize);
     showUntilPainted(host.center);
 }
 

@@ -2,10 +2,9 @@
 // call of show() to the painted frame. Each round is a process of its own: a page has one first
 // show in the life of a pendant.
 
+#include "PageBench.h"
 #include "Ratio.h"
 #include "WeldSettingPage.h"
-
-#include "hostbackend.h"
 
 #include <QApplication>
 #include <QProcess>
@@ -13,61 +12,14 @@
 
 #include <algorithm>
 
+using PageBench::CellHost;
+using PageBench::showUntilPainted;
+
 namespace {
 
 constexpr int Rounds = 15;
 constexpr double Limit = 0.2;
 constexpr QSize WindowSize(800, 600);
-
-/// A cell with a record and a hundred ports of each kind.
-class CellHost : public qelplugin::HostBackend
-{
-public:
-    CellHost()
-        : before(qelplugin::setHostBackend(this))
-    {}
-    ~CellHost() override { qelplugin::setHostBackend(before); }
-
-    QJsonValue serviceData(const QString&) override
-    {
-        return QJsonObject{{QLatin1String("laser_power"), 2500},
-                           {QLatin1String("feedback_delay"), 800},
-                           {QLatin1String("feeder_enable"), true}};
-    }
-    int userLevel() override { return 3; }
-    QStringList ports(const QString& kind) override
-    {
-        QStringList names;
-        for (int index = 0; index < 100; ++index)
-            names << kind + QString::number(index);
-        return names;
-    }
-
-private:
-    Q_DISABLE_COPY(CellHost)
-    qelplugin::HostBackend* before;
-};
-
-class PaintWatch : public QObject
-{
-public:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        painted = painted || event->type() == QEvent::Paint;
-        return false;
-    }
-    bool painted = false;
-};
-
-void showUntilPainted(QWidget* widget)
-{
-    PaintWatch watch;
-    widget->installEventFilter(&watch);
-    widget->show();
-    while (!watch.painted)
-        QApplication::processEvents();
-    widget->removeEventFilter(&watch);
-}
 
 /// Shows the page twice in a window that is open, and prints the microseconds of both.
 int runRound()
