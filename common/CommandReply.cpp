@@ -2,8 +2,7 @@
 
 #include "Host.h"
 #include "Log.h"
-
-#include <limits>
+#include "Numbers.h"
 
 namespace CommandReply {
 
@@ -37,16 +36,6 @@ std::optional<QJsonValue> firstAnswer(const QJsonArray& reply, const QString& co
     return {};
 }
 
-// Out of the range of an int the conversion is undefined; what counts is that it is not 0.
-int truncated(double number)
-{
-    constexpr double Low = std::numeric_limits<int>::min();
-    constexpr double High = std::numeric_limits<int>::max();
-    if (number >= Low && number <= High)
-        return static_cast<int>(number);
-    return std::numeric_limits<int>::min();
-}
-
 int tolerantInt(const QJsonValue& value)
 {
     switch (value.type()) {
@@ -55,7 +44,7 @@ int tolerantInt(const QJsonValue& value)
     case QJsonValue::Bool:
         return value.toBool() ? 1 : 0;
     case QJsonValue::Double:
-        return truncated(value.toDouble());
+        return truncatedToInt(value.toDouble());
     default:
         return 0;
     }

@@ -3,6 +3,7 @@
 #include "CommandReply.h"
 #include "Host.h"
 #include "JsonCommon.h"
+#include "Numbers.h"
 #include "PageLayout.h"
 #include "StyleHelpers.h"
 #include "UiScale.h"
@@ -14,9 +15,7 @@
 #include <QThread>
 
 #include <algorithm>
-#include <cmath>
 #include <initializer_list>
-#include <limits>
 
 namespace {
 
@@ -90,17 +89,9 @@ constexpr QFrame* Form::*Frames[] = {
     &Form::frame_3, &Form::frame_4, &Form::frame_WireSticking,
 };
 
-/// Cuts the fraction off; what no int holds becomes the nearest one.
-int truncated(double number)
-{
-    constexpr double low = std::numeric_limits<int>::min();
-    constexpr double high = std::numeric_limits<int>::max();
-    return std::isnan(number) ? 0 : static_cast<int>(std::clamp(number, low, high));
-}
-
 int wholeNumber(const QJsonValue& value, Reading reading)
 {
-    return reading == Reading::Truncated ? truncated(value.toDouble()) : value.toInt();
+    return reading == Reading::Truncated ? truncatedToInt(value.toDouble()) : value.toInt();
 }
 
 void setEnabledAll(std::initializer_list<QWidget*> widgets, bool enabled)
@@ -301,7 +292,8 @@ bool WeldSettingPage::requestStart()
 {
     // Read before each start; nothing of it is used.
     qelplugin::qelPluginInterface().getQelServiceData(QLatin1String(IoConfigKey)).toObject();
-    const QJsonArray reply = sendEnable(QLatin1String("TRUE"));
+    const QJsonArray reply =
+        CommandReply::sendText(this, QLatin1String(EnableCommand), QLatin1String("TRUE"));
     QThread::msleep(SwitchPause);
     if (CommandReply::firstElementAccepted(reply, QLatin1String(EnableCommand)))
         return true;
@@ -312,15 +304,9 @@ bool WeldSettingPage::requestStart()
 // Nothing is saved: the controller's record keeps its switch until the next save.
 void WeldSettingPage::stopWelding()
 {
-    sendEnable(QLatin1String("FALSE"));
+    CommandReply::sendText(this, QLatin1String(EnableCommand), QLatin1String("FALSE"));
     setConfigEditable(true);
     ui->pushButton_main_enable->setChecked(false);
-}
-
-QJsonArray WeldSettingPage::sendEnable(QLatin1String value)
-{
-    return qelplugin::qelPluginInterface().commandCustomData(this, Host::pluginName(),
-                                                             QLatin1String(EnableCommand), value);
 }
 
 void WeldSettingPage::setConfigEditable(bool editable)

@@ -68,7 +68,6 @@ private:
     void loadFromController();
     QJsonObject formRecord() const;
     QJsonArray sendSaveCommand();
-    QJsonArray sendEnable(QLatin1String value);
     void startWelding();
     bool requestStart();
     void stopWelding();
