@@ -67,6 +67,10 @@ struct Controller::Private
     Faults faults;
     bool isPowered = false;
     bool isConnected = true;
+    QString tool = QStringLiteral("tool0");
+    QString workObject = QStringLiteral("wobj0");
+    QStringList points;
+    QMap<QString, QByteArray> programs;
 };
 
 QJsonValue Controller::Private::serviceItem(const QString& key) const
@@ -222,6 +226,118 @@ QHash<QString, QStringList> Controller::registerGroups() const
             entry.value(QLatin1String("name")).toString());
     }
     return groups;
+}
+
+QStringList Controller::tools() const
+{
+    return d->isConnected ? QStringList{QStringLiteral("tool0"), QStringLiteral("laser_torch")}
+                          : QStringList();
+}
+
+QStringList Controller::workObjects() const
+{
+    return d->isConnected ? QStringList{QStringLiteral("wobj0"), QStringLiteral("fixture_a")}
+                          : QStringList();
+}
+
+QStringList Controller::speeds() const
+{
+    return d->isConnected ? QStringList{QStringLiteral("v5"), QStringLiteral("v100")}
+                          : QStringList();
+}
+
+QStringList Controller::zones() const
+{
+    return d->isConnected ? QStringList{QStringLiteral("fine"), QStringLiteral("z1")}
+                          : QStringList();
+}
+
+QString Controller::currentTool() const
+{
+    return d->isConnected ? d->tool : QString();
+}
+
+QString Controller::currentWorkObject() const
+{
+    return d->isConnected ? d->workObject : QString();
+}
+
+void Controller::setCurrentTool(const QString& name)
+{
+    d->tool = name;
+}
+
+void Controller::setCurrentWorkObject(const QString& name)
+{
+    d->workObject = name;
+}
+
+QStringList Controller::pointNames() const
+{
+    return d->isConnected ? d->points : QStringList();
+}
+
+bool Controller::addCurrentPoint(const QString& name, const QString&, const QString&,
+                                 QString* error)
+{
+    if (!d->isConnected || d->points.contains(name)) {
+        if (error)
+            *error = QStringLiteral("the point \"%1\" could not be added").arg(name);
+        return false;
+    }
+    d->points.append(name);
+    Q_EMIT pointsChanged();
+    return true;
+}
+
+QStringList Controller::programs() const
+{
+    return d->isConnected ? QStringList(d->programs.keys()) : QStringList();
+}
+
+bool Controller::readProgram(const QString& name, QByteArray* text) const
+{
+    *text = d->programs.value(name);
+    return d->isConnected && d->programs.contains(name);
+}
+
+bool Controller::saveProgram(const QString& name, const QByteArray& text, QString* error)
+{
+    if (!d->isConnected || name.isEmpty()) {
+        if (error)
+            *error = QStringLiteral("the program \"%1\" could not be saved").arg(name);
+        return false;
+    }
+    d->programs.insert(name, text);
+    Q_EMIT programsChanged();
+    return true;
+}
+
+bool Controller::createProgram(const QString& name, QString* error)
+{
+    if (d->programs.contains(name)) {
+        if (error)
+            *error = QStringLiteral("there is a program \"%1\" already").arg(name);
+        return false;
+    }
+    return saveProgram(name, {}, error);
+}
+
+bool Controller::renameProgram(const QString& from, const QString& to, QString* error)
+{
+    return createProgram(to, error) && saveProgram(to, d->programs.value(from), error) &&
+           removeProgram(from, error);
+}
+
+bool Controller::removeProgram(const QString& name, QString* error)
+{
+    if (!d->isConnected || d->programs.remove(name) == 0) {
+        if (error)
+            *error = QStringLiteral("there is no program \"%1\"").arg(name);
+        return false;
+    }
+    Q_EMIT programsChanged();
+    return true;
 }
 
 bool Controller::isPowered() const

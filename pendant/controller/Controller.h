@@ -30,7 +30,8 @@ struct Faults
     bool registersNoArray = false; ///< the register list is an object
 };
 
-/// The simulated controller: records, ports, registers, the weld device. A cell is one SQLite file.
+/// The simulated controller: records, ports, registers, the weld device, the robot's points and
+/// programs. A cell is one SQLite file.
 ///
 /// Every command is one transaction: a command that was answered with success survives a kill of
 /// the process at any moment, and no record is ever half written.
@@ -60,6 +61,41 @@ public:
     QJsonValue registers() const;
     QHash<QString, QStringList> registerGroups() const;
 
+    // What a robot program names, and what is selected for the robot now. All lists and names are
+    // empty while the connection is down.
+    QStringList tools() const;
+    QStringList workObjects() const;
+    QStringList speeds() const;
+    QStringList zones() const;
+    QString currentTool() const;
+    QString currentWorkObject() const;
+    /// A name that the cell does not have is refused and the selection stays.
+    void setCurrentTool(const QString& name);
+    void setCurrentWorkObject(const QString& name);
+
+    /// In the order in which they were added.
+    QStringList pointNames() const;
+    /// Stores the robot's present position under a name of 1 to 64 letters, digits and underscores
+    /// that does not begin with a digit and that no other point has. A failure is told in `error`
+    /// with the remedy.
+    bool addCurrentPoint(const QString& name, const QString& tool, const QString& workObject,
+                         QString* error = nullptr);
+
+    // Robot programs, kept byte for byte. A name has 1 to 64 characters, none of them a control
+    // character, a slash or a backslash, and no blank at either end; upper and lower case are told
+    // apart. A failure changes nothing and is told in `error` with the remedy.
+
+    /// The names in alphabetical order.
+    QStringList programs() const;
+    /// False when there is no such program, it could not be read, or the connection is down.
+    bool readProgram(const QString& name, QByteArray* text) const;
+    /// Replaces the text, at most 64 MiB; makes the program when there is none.
+    bool saveProgram(const QString& name, const QByteArray& text, QString* error = nullptr);
+    /// Makes an empty program under a name that no other has.
+    bool createProgram(const QString& name, QString* error = nullptr);
+    bool renameProgram(const QString& from, const QString& to, QString* error = nullptr);
+    bool removeProgram(const QString& name, QString* error = nullptr);
+
     bool isPowered() const;
     void setPowered(bool on);
     bool isConnected() const;
@@ -79,6 +115,10 @@ Q_SIGNALS:
     void powerChanged(bool on);
     /// A record, by its key, holds something new.
     void recordChanged(const QString& key);
+    /// A point was added.
+    void pointsChanged();
+    /// A program was made, saved, renamed or removed.
+    void programsChanged();
     /// A line of the controller's own log: what was refused and why, and what was done.
     void logged(const QString& text);
 
