@@ -101,8 +101,8 @@ void CommandReplyTest::results_data()
     row("1.5", 0, 1);
     row("-1.5", 0, -1);
     row("2147483647", 2147483647, 2147483647);
-    row("2147483648", 0, std::numeric_limits<int>::min());
-    row("1e300", 0, std::numeric_limits<int>::min());
+    row("2147483648", 0, std::numeric_limits<int>::max());
+    row("1e300", 0, std::numeric_limits<int>::max());
     row("-1e300", 0, std::numeric_limits<int>::min());
     row("true", 0, 1, true);
     row("false", 0, 0);
@@ -201,7 +201,7 @@ void CommandReplyTest::numberThatIsNone()
     const QJsonArray reply = ScriptedHost::reply(Command, QJsonValue(qQNaN()));
     QCOMPARE(textOf(CommandReply::strictResult(reply, Command)), QStringLiteral("0"));
     const int result = CommandReply::firstElementResult(reply, Command);
-    QVERIFY(result == 0 || result == std::numeric_limits<int>::min());
+    QCOMPARE(result, 0);
 }
 
 void CommandReplyTest::reports_data()
