@@ -34,6 +34,16 @@ const char FrameSheet[] =
     R"(QFrame QDoubleSpinBox::up-button,QFrame QDoubleSpinBox::down-button{width:10px;)"
     R"(border:none;})";
 
+// In the sheet of every page and in the one of the main page.
+#define LASERWELD_SCROLL_BAR_RULES                                                                 \
+    R"(QScrollBar:vertical,QScrollBar:horizontal{background:#f5f5f5;border:1px solid #c8c8c8;)"    \
+    R"(border-radius:6px;margin:0px;min-width:30px;min-height:8px;})"                              \
+    R"(QScrollBar::handle:vertical,QScrollBar::handle:horizontal{background:#c8c8c8;)"             \
+    R"(border-radius:10px;min-width:30px;min-height:8px;})"                                        \
+    R"(QScrollBar::handle:hover{background:#b0b0b0;})"                                             \
+    R"(QScrollBar::add-line,QScrollBar::sub-line{border:none;background:none;width:0px;)"          \
+    R"(height:0px;})"
+
 // A label is a frame: its rule comes behind, or one that stands in no frame would get the border.
 // A popup's row needs a border rule, be it none, for its padding to show, and a rule of its own for
 // the selection to be flat.
@@ -63,19 +73,17 @@ const char BaseSheet[] =
     R"(QPushButton:focus{outline:none;})"
     R"(QPushButton:hover{background:#8AB6F0;})"
     R"(QPushButton:pressed{background:#D9E6F2;})"
-    R"(QPushButton:disabled{background:#cccccc;color:#A3A4A4;})"
-    R"(QScrollBar:vertical,QScrollBar:horizontal{background:#f5f5f5;border:1px solid #c8c8c8;)"
-    R"(border-radius:6px;margin:0px;min-width:30px;min-height:8px;})"
-    R"(QScrollBar::handle:vertical,QScrollBar::handle:horizontal{background:#c8c8c8;)"
-    R"(border-radius:10px;min-width:30px;min-height:8px;})"
-    R"(QScrollBar::handle:hover{background:#b0b0b0;})"
-    R"(QScrollBar::add-line,QScrollBar::sub-line{border:none;background:none;width:0px;)"
-    R"(height:0px;})"
+    R"(QPushButton:disabled{background:#cccccc;color:#A3A4A4;})" LASERWELD_SCROLL_BAR_RULES
     R"(QLineEdit{background:#f5f5f5;border:1px solid #d0d0d0;border-radius:6px;padding:4px 6px;)"
     R"(color:#202020;})"
     R"(QLineEdit:hover,QLineEdit:focus{border-color:#0078d4;background:#ffffff;})";
 
 } // namespace
+
+QString scrollBarStyleSheet()
+{
+    return QLatin1String(LASERWELD_SCROLL_BAR_RULES);
+}
 
 QString comboStyleSheet(QWidget*, int height, int radius, int arrowWidth, bool fixedHeight)
 {

@@ -4,6 +4,8 @@
 
 class QWidget;
 
+/// The look of all scroll bars; not yet passed through UiScale::styleSheet().
+QString scrollBarStyleSheet();
 /// The combo-box sheet; not yet passed through UiScale::styleSheet(). Sizes in pixels; a radius
 /// below 1 becomes 10 and an arrow width below 1 becomes 30.
 QString comboStyleSheet(QWidget* widget, int height, int radius, int arrowWidth, bool fixedHeight);

@@ -3,6 +3,7 @@
 #include "CharacteristicsCurvePage.h"
 #include "LaserTrackingPage.h"
 #include "Log.h"
+#include "StyleHelpers.h"
 #include "UiScale.h"
 #include "WeldParameterPage.h"
 #include "WeldSettingPage.h"
@@ -22,13 +23,6 @@ constexpr char ButtonSheet[] =
     "none;border-radius: 3px;font: 17px;color: black;}QToolButton:hover {background: rgb(99, 99, "
     "99);background-color: rgb(135, 161, 174);}QToolButton:pressed {background: "
     "#636363;}QToolButton:checked {background: #8a0121;color: white;}";
-constexpr char ScrollBarSheet[] =
-    "QScrollBar:vertical,QScrollBar:horizontal{background:#f5f5f5;border:1px solid "
-    "#c8c8c8;border-radius:6px;margin:0px;min-width:30px;min-height:8px;}"
-    "QScrollBar::handle:vertical,QScrollBar::handle:horizontal{background:#c8c8c8;"
-    "border-radius:10px;min-width:30px;min-height:8px;}"
-    "QScrollBar::handle:hover{background:#b0b0b0;}"
-    "QScrollBar::add-line,QScrollBar::sub-line{border:none;background:none;width:0px;height:0px;}";
 
 QString picture(const char* name)
 {
@@ -45,7 +39,7 @@ LaserWeldPage::LaserWeldPage(QWidget* parent)
     // A widget that is made under a parent with a sheet takes the style over at its birth; one that
     // gets it later is styled anew with all that is below it. So the sheets come first, from the
     // top down, and renderPages() finds them in place.
-    UiScale::setStyleSheet(this, QLatin1String(ScrollBarSheet));
+    UiScale::setStyleSheet(this, scrollBarStyleSheet());
     ui->setupUi(this);
     arrangeForm();
     styleForm();
@@ -169,7 +163,7 @@ void LaserWeldPage::showEvent(QShowEvent* event)
 
 void LaserWeldPage::renderPages()
 {
-    UiScale::setStyleSheet(this, QLatin1String(ScrollBarSheet));
+    UiScale::setStyleSheet(this, scrollBarStyleSheet());
     weldSettingPage->applyPageStyle();
     weldioPage->applyPageStyle();
     curvePage->applyPageStyle();
