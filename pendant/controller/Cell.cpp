@@ -27,19 +27,20 @@ QJsonValue fromText(const QByteArray& text)
 
 } // namespace
 
-std::unique_ptr<Cell> Cell::open(const QString& file, const Records& defaults, QString* error)
+std::unique_ptr<Cell> Cell::open(const QString& file, const Records& defaults,
+                                 const Programs& programs, QString* error)
 {
     *error = cellfile::inspect(file);
     if (!error->isEmpty())
         return nullptr;
-    auto connection = cellfile::claim(file, error);
+    auto connection = cellfile::claim(file, programs, error);
     if (!connection)
         return nullptr;
     std::unique_ptr<Cell> cell(new Cell(file, std::move(connection)));
     if (!cell->load(error))
         return nullptr;
     // Not before all has been read: a cell that is refused stays as it is.
-    *error = cellfile::proveWritable(file, *cell->m_connection);
+    *error = cellfile::bringUpToDate(file, programs, *cell->m_connection);
     return error->isEmpty() && cell->addMissing(defaults, error) ? std::move(cell) : nullptr;
 }
 
@@ -62,11 +63,63 @@ bool Cell::store(const Records& changes, QString* error)
             m_records.insert(each.key(), each.value());
         return true;
     }
-    *error = QStringLiteral("the cell %1 could not be written (%2); free some space on the disk "
-                            "or check it")
-                 .arg(m_file, m_connection->lastError().databaseText());
+    *error = notWritten();
     m_connection->run(QStringLiteral("ROLLBACK"));
     return false;
+}
+
+QStringList Cell::programs() const
+{
+    QList<QPair<QString, QByteArray>> rows;
+    m_connection->pairs(
+        QStringLiteral("SELECT name, NULL FROM programs ORDER BY name COLLATE NOCASE, name"),
+        &rows);
+    QStringList names;
+    for (const auto& row : std::as_const(rows))
+        names.append(row.first);
+    return names;
+}
+
+bool Cell::readProgram(const QString& name, QByteArray* text) const
+{
+    const QVariant value =
+        m_connection->value(QStringLiteral("SELECT text FROM programs WHERE name = ?"), {name});
+    *text = value.toByteArray();
+    return value.isValid();
+}
+
+bool Cell::storeProgram(const QString& name, const QByteArray& text, QString* error)
+{
+    // A null array would be stored as NULL.
+    return change(QStringLiteral("INSERT INTO programs (name, text) VALUES (?, ?)"
+                                 " ON CONFLICT (name) DO UPDATE SET text = excluded.text"),
+                  {name, text.isNull() ? QByteArray("") : text}, error);
+}
+
+bool Cell::renameProgram(const QString& from, const QString& to, QString* error)
+{
+    return change(QStringLiteral("UPDATE programs SET name = ? WHERE name = ?"), {to, from}, error);
+}
+
+bool Cell::removeProgram(const QString& name, QString* error)
+{
+    return change(QStringLiteral("DELETE FROM programs WHERE name = ?"), {name}, error);
+}
+
+/// One statement is one transaction.
+bool Cell::change(const QString& sql, const QVariantList& values, QString* error)
+{
+    const bool isDone = m_connection->run(sql, values);
+    if (!isDone)
+        *error = notWritten();
+    return isDone;
+}
+
+QString Cell::notWritten() const
+{
+    return QStringLiteral("the cell %1 could not be written (%2); free some space on the disk or "
+                          "check it")
+        .arg(m_file, m_connection->lastError().databaseText());
 }
 
 bool Cell::load(QString* error)

@@ -1,7 +1,5 @@
 #include "CellFile.h"
 
-#include "Cell.h"
-
 #include <QFileInfo>
 
 namespace pendant::cellfile {
@@ -103,22 +101,35 @@ bool prepare(SqlConnection& connection)
            connection.run(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
 }
 
-bool setVersion(SqlConnection& connection)
+bool addPrograms(SqlConnection& connection, const Programs& programs)
 {
-    return connection.run(QStringLiteral("PRAGMA user_version=%1").arg(int(Cell::version)));
+    const QString sql = QStringLiteral("INSERT INTO programs (name, text) VALUES (?, ?)");
+    bool isDone = true;
+    for (auto each = programs.begin(); isDone && each != programs.end(); ++each)
+        isDone = connection.run(sql, {each.key(), each.value()});
+    return isDone;
 }
 
-bool layOut(SqlConnection& connection)
+/// From the version, 0 for an empty file, to the present one; within the caller's transaction.
+bool layOut(SqlConnection& connection, int version, const Programs& programs)
 {
-    const QVariant tables = connection.value(QStringLiteral("SELECT count(*) FROM sqlite_master"));
-    if (!tables.isValid() || tables.toInt() > 0)
-        return tables.isValid();
+    const QString records = QStringLiteral("CREATE TABLE records"
+                                           " (key TEXT PRIMARY KEY NOT NULL, value TEXT NOT NULL)");
+    const QString texts = QStringLiteral("CREATE TABLE programs"
+                                         " (name TEXT PRIMARY KEY NOT NULL, text BLOB NOT NULL)");
+    if (version < 1 && !connection.run(records))
+        return false;
+    if (version < 2 && !(connection.run(texts) && addPrograms(connection, programs)))
+        return false;
     return connection.run(
-               QStringLiteral("CREATE TABLE records"
-                              " (key TEXT PRIMARY KEY NOT NULL, value TEXT NOT NULL)")) &&
-           connection.run(
                QStringLiteral("PRAGMA application_id=%1").arg(int(Cell::applicationId))) &&
            connection.run(QStringLiteral("PRAGMA user_version=%1").arg(int(Cell::version)));
+}
+
+bool layOutEmpty(SqlConnection& connection, const Programs& programs)
+{
+    const QVariant tables = connection.value(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    return tables.isValid() && (tables.toInt() > 0 || layOut(connection, 0, programs));
 }
 
 } // namespace
@@ -142,22 +153,29 @@ QString inspect(const QString& file)
     return mark.isEmpty() ? inspectWhole(connection, file) : mark;
 }
 
-std::unique_ptr<SqlConnection> claim(const QString& file, QString* error)
+std::unique_ptr<SqlConnection> claim(const QString& file, const Programs& programs, QString* error)
 {
     auto connection = std::make_unique<SqlConnection>();
     // The first write in exclusive mode takes the lock that is held until the end.
     if (connection->open(file, Access::ReadWrite) && prepare(*connection) &&
-        connection->run(QStringLiteral("BEGIN IMMEDIATE")) && layOut(*connection) &&
+        connection->run(QStringLiteral("BEGIN IMMEDIATE")) && layOutEmpty(*connection, programs) &&
         connection->run(QStringLiteral("COMMIT")))
         return connection;
     *error = explain(file, *connection);
     return nullptr;
 }
 
-QString proveWritable(const QString& file, SqlConnection& connection)
+QString bringUpToDate(const QString& file, const Programs& programs, SqlConnection& connection)
 {
+    const QString versionOf = QStringLiteral("PRAGMA user_version");
     // Without the right to write SQLite opens a file to be read, and says so at the first write.
-    return setVersion(connection) ? QString() : explain(file, connection);
+    if (connection.run(QStringLiteral("BEGIN IMMEDIATE")) &&
+        layOut(connection, qMax(1, connection.value(versionOf).toInt()), programs) &&
+        connection.run(QStringLiteral("COMMIT")))
+        return {};
+    const QString reason = explain(file, connection);
+    connection.run(QStringLiteral("ROLLBACK"));
+    return reason;
 }
 
 QString explain(const QString& file, const SqlConnection& connection)

@@ -5,10 +5,15 @@
 #include "DefaultCell.h"
 #include "Envelope.h"
 #include "JsonText.h"
+#include "Points.h"
+#include "ProgramStore.h"
 #include "RecordKeys.h"
 #include "WeldDevice.h"
 
 #include <QThread>
+
+#include <algorithm>
+#include <iterator>
 
 namespace pendant {
 namespace {
@@ -46,12 +51,22 @@ QString logLine(const Order& order)
         .arg(name, QString::number(order.result.code), order.result.reason);
 }
 
+/// Lists are told by calls of their own.
+bool isService(const QString& key)
+{
+    const QLatin1String lists[] = {keys::ports,  keys::registers, keys::tools,  keys::workObjects,
+                                   keys::speeds, keys::zones,     keys::points, keys::selection};
+    return std::none_of(std::begin(lists), std::end(lists),
+                        [&](QLatin1String list) { return list == key; });
+}
+
 } // namespace
 
 struct Controller::Private
 {
     explicit Private(std::unique_ptr<Cell> opened)
         : cell(std::move(opened))
+        , programs(*cell)
         , device(cell->record(keys::weldData).toObject())
     {}
 
@@ -62,23 +77,25 @@ struct Controller::Private
     bool commit(const Transaction& transaction, Orders& orders);
     bool conclude(Controller& owner, const Transaction& transaction, Orders& orders);
 
+    QStringList names(const QString& list) const;
+    QString selected(const QString& field) const;
+    void select(Controller& owner, const QString& list, const QString& field, const QString& name);
+    template<typename Change>
+    bool change(Controller& owner, const QString& what, QString* error, const Change& carryOut);
+
     std::unique_ptr<Cell> cell;
+    ProgramStore programs;
     WeldDevice device;
     Faults faults;
     bool isPowered = false;
     bool isConnected = true;
-    QString tool = QStringLiteral("tool0");
-    QString workObject = QStringLiteral("wobj0");
-    QStringList points;
-    QMap<QString, QByteArray> programs;
 };
 
 QJsonValue Controller::Private::serviceItem(const QString& key) const
 {
     if (key == keys::weldData)
         return device.data(); // more than what is stored of it
-    const bool isService = key != keys::ports && key != keys::registers;
-    return isService ? cell->record(key) : QJsonValue(QJsonValue::Undefined);
+    return isService(key) ? cell->record(key) : QJsonValue(QJsonValue::Undefined);
 }
 
 Result Controller::Private::carryOut(const QString& plugin, const Command* command,
@@ -125,7 +142,7 @@ std::unique_ptr<Controller> Controller::open(const QString& file, const CellSize
                                              QString* error)
 {
     QString reason;
-    auto cell = Cell::open(file, defaultRecords(size), &reason);
+    auto cell = Cell::open(file, defaultRecords(size), defaultPrograms(), &reason);
     if (!cell) {
         if (error)
             *error = reason;
@@ -228,116 +245,157 @@ QHash<QString, QStringList> Controller::registerGroups() const
     return groups;
 }
 
+QStringList Controller::Private::names(const QString& list) const
+{
+    return isConnected ? namesOf(*cell, list) : QStringList();
+}
+
+QString Controller::Private::selected(const QString& field) const
+{
+    return isConnected ? cell->record(keys::selection).toObject().value(field).toString()
+                       : QString();
+}
+
+/// Carries out a change of the cell, unless the connection is down, and tells what came of it. The
+/// change returns an empty text when it is done.
+template<typename Change>
+bool Controller::Private::change(Controller& owner, const QString& what, QString* error,
+                                 const Change& carryOut)
+{
+    const QString reason = isConnected
+                               ? carryOut()
+                               : QStringLiteral("The connection to the controller is down. Bring "
+                                                "it up, then try again.");
+    const bool isDone = reason.isEmpty();
+    if (error && !isDone)
+        *error = reason;
+    Q_EMIT owner.logged(isDone ? QStringLiteral("%1 done").arg(what)
+                               : QStringLiteral("%1 refused: %2").arg(what, reason));
+    return isDone;
+}
+
+void Controller::Private::select(Controller& owner, const QString& list, const QString& field,
+                                 const QString& name)
+{
+    const QString what = QStringLiteral("select %1 %2").arg(field, jsonText(name));
+    const bool isDone = change(owner, what, nullptr, [&] {
+        QString reason = checkListed(*cell, list, name);
+        QJsonObject selection = cell->record(keys::selection).toObject();
+        selection.insert(field, name);
+        if (reason.isEmpty())
+            cell->store({{keys::selection, selection}}, &reason);
+        return reason;
+    });
+    if (isDone)
+        Q_EMIT owner.recordChanged(keys::selection);
+}
+
 QStringList Controller::tools() const
 {
-    return d->isConnected ? QStringList{QStringLiteral("tool0"), QStringLiteral("laser_torch")}
-                          : QStringList();
+    return d->names(keys::tools);
 }
 
 QStringList Controller::workObjects() const
 {
-    return d->isConnected ? QStringList{QStringLiteral("wobj0"), QStringLiteral("fixture_a")}
-                          : QStringList();
+    return d->names(keys::workObjects);
 }
 
 QStringList Controller::speeds() const
 {
-    return d->isConnected ? QStringList{QStringLiteral("v5"), QStringLiteral("v100")}
-                          : QStringList();
+    return d->names(keys::speeds);
 }
 
 QStringList Controller::zones() const
 {
-    return d->isConnected ? QStringList{QStringLiteral("fine"), QStringLiteral("z1")}
-                          : QStringList();
+    return d->names(keys::zones);
 }
 
 QString Controller::currentTool() const
 {
-    return d->isConnected ? d->tool : QString();
+    return d->selected(keys::tool);
 }
 
 QString Controller::currentWorkObject() const
 {
-    return d->isConnected ? d->workObject : QString();
+    return d->selected(keys::workObject);
 }
 
 void Controller::setCurrentTool(const QString& name)
 {
-    d->tool = name;
+    d->select(*this, keys::tools, keys::tool, name);
 }
 
 void Controller::setCurrentWorkObject(const QString& name)
 {
-    d->workObject = name;
+    d->select(*this, keys::workObjects, keys::workObject, name);
 }
 
 QStringList Controller::pointNames() const
 {
-    return d->isConnected ? d->points : QStringList();
+    return d->isConnected ? pendant::pointNames(d->cell->record(keys::points).toArray())
+                          : QStringList();
 }
 
-bool Controller::addCurrentPoint(const QString& name, const QString&, const QString&,
-                                 QString* error)
+bool Controller::addCurrentPoint(const QString& name, const QString& tool,
+                                 const QString& workObject, QString* error)
 {
-    if (!d->isConnected || d->points.contains(name)) {
-        if (error)
-            *error = QStringLiteral("the point \"%1\" could not be added").arg(name);
-        return false;
-    }
-    d->points.append(name);
-    Q_EMIT pointsChanged();
-    return true;
+    const Point point{name, tool, workObject};
+    const QString what = QStringLiteral("add point %1").arg(jsonText(name));
+    const bool isDone = d->change(*this, what, error, [&] {
+        QString reason = checkPoint(*d->cell, point);
+        const QJsonArray points = d->cell->record(keys::points).toArray();
+        if (reason.isEmpty())
+            d->cell->store({{keys::points, withPoint(points, point)}}, &reason);
+        return reason;
+    });
+    if (isDone)
+        Q_EMIT pointsChanged();
+    return isDone;
 }
 
 QStringList Controller::programs() const
 {
-    return d->isConnected ? QStringList(d->programs.keys()) : QStringList();
+    return d->isConnected ? d->cell->programs() : QStringList();
 }
 
 bool Controller::readProgram(const QString& name, QByteArray* text) const
 {
-    *text = d->programs.value(name);
-    return d->isConnected && d->programs.contains(name);
+    return d->isConnected && d->cell->readProgram(name, text);
+}
+
+template<typename Change>
+bool Controller::changeProgram(const QString& verb, const QString& name, QString* error,
+                               const Change& carryOut)
+{
+    const QString what = QStringLiteral("%1 program %2").arg(verb, jsonText(name));
+    const bool isDone = d->change(*this, what, error, carryOut);
+    if (isDone)
+        Q_EMIT programsChanged();
+    return isDone;
 }
 
 bool Controller::saveProgram(const QString& name, const QByteArray& text, QString* error)
 {
-    if (!d->isConnected || name.isEmpty()) {
-        if (error)
-            *error = QStringLiteral("the program \"%1\" could not be saved").arg(name);
-        return false;
-    }
-    d->programs.insert(name, text);
-    Q_EMIT programsChanged();
-    return true;
+    return changeProgram(QStringLiteral("save"), name, error,
+                         [&] { return d->programs.save(name, text); });
 }
 
 bool Controller::createProgram(const QString& name, QString* error)
 {
-    if (d->programs.contains(name)) {
-        if (error)
-            *error = QStringLiteral("there is a program \"%1\" already").arg(name);
-        return false;
-    }
-    return saveProgram(name, {}, error);
+    return changeProgram(QStringLiteral("create"), name, error,
+                         [&] { return d->programs.create(name); });
 }
 
 bool Controller::renameProgram(const QString& from, const QString& to, QString* error)
 {
-    return createProgram(to, error) && saveProgram(to, d->programs.value(from), error) &&
-           removeProgram(from, error);
+    return changeProgram(QStringLiteral("rename"), from, error,
+                         [&] { return d->programs.rename(from, to); });
 }
 
 bool Controller::removeProgram(const QString& name, QString* error)
 {
-    if (!d->isConnected || d->programs.remove(name) == 0) {
-        if (error)
-            *error = QStringLiteral("there is no program \"%1\"").arg(name);
-        return false;
-    }
-    Q_EMIT programsChanged();
-    return true;
+    return changeProgram(QStringLiteral("remove"), name, error,
+                         [&] { return d->programs.remove(name); });
 }
 
 bool Controller::isPowered() const

@@ -124,6 +124,10 @@ Q_SIGNALS:
 
 private:
     struct Private;
+    template<typename Change>
+    bool changeProgram(const QString& verb, const QString& name, QString* error,
+                       const Change& carryOut);
+
     explicit Controller(std::unique_ptr<Private> state);
     std::unique_ptr<Private> d;
 };

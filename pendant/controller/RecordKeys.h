@@ -14,6 +14,19 @@ inline const QLatin1String weldData("laser_weld_data");
 inline const QLatin1String ports("ports");
 inline const QLatin1String registers("registers");
 
+inline const QLatin1String tools("tools");
+inline const QLatin1String workObjects("work_objects");
+inline const QLatin1String speeds("speeds");
+inline const QLatin1String zones("zones");
+inline const QLatin1String points("points");
+inline const QLatin1String selection("selection"); ///< of a tool and a work object
+
+// Fields of a point and of the selection.
+inline const QLatin1String name("name");
+inline const QLatin1String tool("tool");
+inline const QLatin1String workObject("work_object");
+inline const QLatin1String position("position");
+
 // Fields that the controller itself uses.
 inline const QLatin1String manualGasTime("manual_gas_time");
 

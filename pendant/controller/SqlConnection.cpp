@@ -30,6 +30,14 @@ QString databaseName(const QString& file, SqlConnection::Access access)
     return QString::fromLatin1("file:" + QUrl::toPercentEncoding(file, "/") + "?immutable=1");
 }
 
+bool execute(QSqlQuery& query, const QString& sql, const QVariantList& values)
+{
+    const bool isPrepared = query.prepare(sql);
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    return isPrepared && query.exec();
+}
+
 } // namespace
 
 SqlConnection::SqlConnection()
@@ -61,18 +69,16 @@ bool SqlConnection::open(const QString& file, Access access)
 bool SqlConnection::run(const QString& sql, const QVariantList& values)
 {
     QSqlQuery query(m_database);
-    bool isDone = query.prepare(sql);
-    for (const QVariant& value : values)
-        query.addBindValue(value);
-    isDone = isDone && query.exec();
+    const bool isDone = execute(query, sql, values);
     m_error = query.lastError();
     return isDone;
 }
 
-QVariant SqlConnection::value(const QString& sql)
+QVariant SqlConnection::value(const QString& sql, const QVariantList& values)
 {
     QSqlQuery query(m_database);
-    const bool isFound = query.exec(sql) && query.next();
+    query.setForwardOnly(true);
+    const bool isFound = execute(query, sql, values) && query.next();
     m_error = query.lastError();
     return isFound ? query.value(0) : QVariant();
 }

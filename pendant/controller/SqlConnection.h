@@ -26,7 +26,7 @@ public:
     /// Runs one statement; the values take the places of its question marks.
     bool run(const QString& sql, const QVariantList& values = {});
     /// The first column of the first row; invalid on an error or with no row.
-    QVariant value(const QString& sql);
+    QVariant value(const QString& sql, const QVariantList& values = {});
     /// All rows of a statement that yields two columns; false on an error.
     bool pairs(const QString& sql, QList<QPair<QString, QByteArray>>* rows);
 

@@ -134,6 +134,7 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
+    Programs m_programs{{QStringLiteral("first"), "LaserOff();\n"}};
     QString m_error;
 };
 
@@ -147,7 +148,7 @@ void CellTest::init()
 
 std::unique_ptr<Cell> CellTest::open(const Records& records)
 {
-    return Cell::open(m_file, records, &m_error);
+    return Cell::open(m_file, records, m_programs, &m_error);
 }
 
 /// The text names the file and holds the word, and the file is as it was.
@@ -191,7 +192,7 @@ void CellTest::markedForOthers()
     QVERIFY(open());
     const QByteArray header = bytesOf(m_file).left(100);
     QCOMPARE(header.left(16), QByteArray("SQLite format 3", 16));
-    QCOMPARE(header.mid(60, 4), QByteArray("\0\0\0\1", 4)); // the version
+    QCOMPARE(header.mid(60, 4), QByteArray("\0\0\0\2", 4)); // the version
     QCOMPARE(header.mid(68, 4), QByteArray("QLWC"));        // the mark
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
 }
@@ -368,8 +369,8 @@ void CellTest::refusesOtherDatabase()
 void CellTest::refusesNewerVersion()
 {
     QVERIFY(open());
-    QVERIFY(runSql(m_file, {QStringLiteral("PRAGMA user_version=2")}));
-    expectRefusal(QStringLiteral("version 2, this one knows 1"));
+    QVERIFY(runSql(m_file, {QStringLiteral("PRAGMA user_version=3")}));
+    expectRefusal(QStringLiteral("version 3, this one knows 2"));
     QVERIFY(m_error.contains(QLatin1String("Update the pendant")));
 }
 
