@@ -162,4 +162,45 @@ QStringList ShellBackend::ports(const QString& kind)
     return machine.ports(kind);
 }
 
+QStringList ShellBackend::tools()
+{
+    return machine.tools();
+}
+
+QStringList ShellBackend::workObjects()
+{
+    return machine.workObjects();
+}
+
+QStringList ShellBackend::speeds()
+{
+    return machine.speeds();
+}
+
+QStringList ShellBackend::zones()
+{
+    return machine.zones();
+}
+
+QString ShellBackend::currentTool()
+{
+    return machine.currentTool();
+}
+
+QString ShellBackend::currentWorkObject()
+{
+    return machine.currentWorkObject();
+}
+
+QStringList ShellBackend::pointNames()
+{
+    return machine.pointNames();
+}
+
+bool ShellBackend::addCurrentPoint(const QString& name, bool, const QString& tool,
+                                   const QString& wobj)
+{
+    return machine.addCurrentPoint(kept(name), kept(tool), kept(wobj));
+}
+
 } // namespace pendant

@@ -52,6 +52,15 @@ public:
     QJsonValue registers() override;
     QHash<QString, QStringList> registerGroups() override;
     QStringList ports(const QString& kind) override;
+    QStringList tools() override;
+    QStringList workObjects() override;
+    QStringList speeds() override;
+    QStringList zones() override;
+    QString currentTool() override;
+    QString currentWorkObject() override;
+    QStringList pointNames() override;
+    bool addCurrentPoint(const QString& name, bool flag, const QString& tool,
+                         const QString& wobj) override;
 
 Q_SIGNALS:
     // The receiver takes the widgets over.
