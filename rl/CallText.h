@@ -17,4 +17,7 @@ bool extractFunctionAndParameters(const QString& input, QString& functionName,
 /// What lies between the prefix and the suffix, or the text unchanged when it does not have both.
 QString stripEnclosing(const QString& text, const QString& prefix, const QString& suffix);
 
+/// The list for a line of the log: ("a", "b"), each item as QDebug prints a QString.
+QString printedList(const QStringList& list);
+
 } // namespace qellaser::util
