@@ -1,8 +1,10 @@
 #include "MotionEditors.h"
 
 #include "CallText.h"
+#include "Guard.h"
 #include "Host.h"
 #include "Log.h"
+#include "Quotes.h"
 #include "SetUpPointWidget.h"
 
 #include "ui_WMoveCFInsertWidget.h"
@@ -11,8 +13,6 @@
 #include "ui_WMoveCPropertyWidget.h"
 #include "ui_WMoveLInsertWidget.h"
 #include "ui_WMoveLPropertyWidget.h"
-
-#include <exception>
 
 namespace {
 
@@ -33,6 +33,21 @@ void selectOrFirst(QComboBox* box, const QString& text)
     box->setCurrentIndex(qMax(0, box->findText(text)));
 }
 
+template<typename Form>
+MotionBoxes straightBoxes(const Form& form, const QVector<MotionBoxes::Point>& points)
+{
+    return {points, form.cbxSpeed, form.cbxZone, form.cbxTool, form.cbxWobj, nullptr, nullptr};
+}
+
+template<typename Form>
+MotionBoxes circleBoxes(const Form& form, const QVector<MotionBoxes::Point>& points)
+{
+    MotionBoxes boxes = straightBoxes(form, points);
+    boxes.runDeg = form.sbxRunDeg;
+    boxes.rotType = form.cbxRotType;
+    return boxes;
+}
+
 } // namespace
 
 MotionEditor::MotionEditor(QLatin1String instruction, QWidget* parent)
@@ -40,11 +55,11 @@ MotionEditor::MotionEditor(QLatin1String instruction, QWidget* parent)
     , key(instruction)
 {}
 
-void MotionEditor::initForm(const Boxes& formBoxes)
+void MotionEditor::initForm(const MotionBoxes& formBoxes)
 {
     boxes = formBoxes;
     int index = 1; // so that two points of one editor propose different names
-    for (const Point& point : points()) {
+    for (const MotionBoxes::Point& point : points()) {
         point.box->setIndex(index++);
         point.box->setLabelText(point.label);
     }
@@ -72,7 +87,7 @@ void MotionEditor::fillLists()
 QStringList MotionEditor::pointTexts() const
 {
     QStringList texts;
-    for (const Point& point : points())
+    for (const MotionBoxes::Point& point : points())
         texts << point.box->pointText();
     return texts;
 }
@@ -81,7 +96,7 @@ QString MotionEditor::callText(QStringList arguments) const
 {
     if (isCircle()) {
         arguments << QString::number(boxes.runDeg->value())
-                  << QString(QLatin1String("\"%1\"")).arg(boxes.rotType->currentText());
+                  << Quotes::add(boxes.rotType->currentText());
     }
     for (const QComboBox* box : {boxes.speed, boxes.zone, boxes.tool, boxes.wobj})
         arguments << box->currentText();
@@ -98,12 +113,11 @@ int MotionEditor::fewestArguments() const
 void MotionEditor::showArguments(const QStringList& arguments)
 {
     auto next = arguments.cbegin();
-    for (const Point& point : points())
+    for (const MotionBoxes::Point& point : points())
         point.box->setPointText(*next++);
     if (isCircle()) {
-        const QString mark = QLatin1String("\"");
         boxes.runDeg->setValue((next++)->toDouble());
-        boxes.rotType->setCurrentText(qellaser::util::stripEnclosing(*next++, mark, mark));
+        boxes.rotType->setCurrentText(Quotes::strip(*next++));
     }
     for (QComboBox* box : {boxes.speed, boxes.zone, boxes.tool})
         box->setCurrentText(*next++);
@@ -118,12 +132,12 @@ void MotionInsertEditor::FillWith(const QString&) {}
 QString MotionInsertEditor::BuildText()
 {
     const QStringList texts = pointTexts(); // as the operator saw them, before the new proposals
-    for (const Point& point : points()) {
+    for (const MotionBoxes::Point& point : points()) {
         const QString wobj = host().getCurWobj();
         const QString tool = host().getCurTool();
         point.box->addPointIfMissing(tool, wobj);
     }
-    for (const Point& point : points())
+    for (const MotionBoxes::Point& point : points())
         point.box->refreshPointList();
     return callText(texts);
 }
@@ -135,17 +149,22 @@ bool MotionInsertEditor::CheckInsert()
 
 void MotionPropertyEditor::FillWith(const QString& line)
 {
-    loadCall(line);
+    const QByteArray function = QByteArray(metaObject()->className()) + "::FillWith";
+    const Guard::Origin origin{LogTag::Short, function.constData()};
+    Guard::run(origin, " Caught an unknown exception!", [&] { loadCall(origin, line); });
 }
 
-void MotionPropertyEditor::loadCall(const QString& line)
+void MotionPropertyEditor::loadCall(const Guard::Origin& origin, const QString& line)
 {
+    using namespace qellaser::util;
     QString name;
     QStringList arguments;
-    if (!qellaser::util::extractFunctionAndParameters(line, name, arguments))
+    if (!extractFunctionAndParameters(line, name, arguments))
         return;
-    if (arguments.size() < fewestArguments())
+    if (arguments.size() < fewestArguments()) {
+        Guard::warn(origin, " Missing required parameters! params:", printedList(arguments));
         return;
+    }
     showArguments(arguments);
 }
 
@@ -164,11 +183,7 @@ WMoveLInsertWidget::WMoveLInsertWidget(QWidget* parent)
     , ui(new Ui::WMoveLInsertWidget)
 {
     ui->setupUi(this);
-    initForm({{{ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}},
-              ui->cbxSpeed,
-              ui->cbxZone,
-              ui->cbxTool,
-              ui->cbxWobj});
+    initForm(straightBoxes(*ui, {{ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}}));
 }
 
 WMoveLPropertyWidget::WMoveLPropertyWidget(QWidget* parent)
@@ -176,11 +191,7 @@ WMoveLPropertyWidget::WMoveLPropertyWidget(QWidget* parent)
     , ui(new Ui::WMoveLPropertyWidget)
 {
     ui->setupUi(this);
-    initForm({{{ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}},
-              ui->cbxSpeed,
-              ui->cbxZone,
-              ui->cbxTool,
-              ui->cbxWobj});
+    initForm(straightBoxes(*ui, {{ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}}));
 }
 
 WMoveCInsertWidget::WMoveCInsertWidget(QWidget* parent)
@@ -188,12 +199,8 @@ WMoveCInsertWidget::WMoveCInsertWidget(QWidget* parent)
     , ui(new Ui::WMoveCInsertWidget)
 {
     ui->setupUi(this);
-    initForm({{{ui->wgtAuxPoint, tr("AuxPoint(robtarget): ")},
-               {ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}},
-              ui->cbxSpeed,
-              ui->cbxZone,
-              ui->cbxTool,
-              ui->cbxWobj});
+    initForm(straightBoxes(*ui, {{ui->wgtAuxPoint, tr("AuxPoint(robtarget): ")},
+                                 {ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}}));
 }
 
 WMoveCPropertyWidget::WMoveCPropertyWidget(QWidget* parent)
@@ -201,12 +208,8 @@ WMoveCPropertyWidget::WMoveCPropertyWidget(QWidget* parent)
     , ui(new Ui::WMoveCPropertyWidget)
 {
     ui->setupUi(this);
-    initForm({{{ui->wgtAuxPoint, tr("AuxPoint(robtarget): ")},
-               {ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}},
-              ui->cbxSpeed,
-              ui->cbxZone,
-              ui->cbxTool,
-              ui->cbxWobj});
+    initForm(straightBoxes(*ui, {{ui->wgtAuxPoint, tr("AuxPoint(robtarget): ")},
+                                 {ui->wgtTargetPoint, tr("TargetPoint(robtarget): ")}}));
 }
 
 WMoveCFInsertWidget::WMoveCFInsertWidget(QWidget* parent)
@@ -214,14 +217,8 @@ WMoveCFInsertWidget::WMoveCFInsertWidget(QWidget* parent)
     , ui(new Ui::WMoveCFInsertWidget)
 {
     ui->setupUi(this);
-    initForm({{{ui->wgtAuxPoint1, tr("AuxPoint1(robtarget): ")},
-               {ui->wgtAuxPoint2, tr("AuxPoint2(robtarget): ")}},
-              ui->cbxSpeed,
-              ui->cbxZone,
-              ui->cbxTool,
-              ui->cbxWobj,
-              ui->sbxRunDeg,
-              ui->cbxRotType});
+    initForm(circleBoxes(*ui, {{ui->wgtAuxPoint1, tr("AuxPoint1(robtarget): ")},
+                               {ui->wgtAuxPoint2, tr("AuxPoint2(robtarget): ")}}));
 }
 
 WMoveCFPropertyWidget::WMoveCFPropertyWidget(QWidget* parent)
@@ -229,14 +226,8 @@ WMoveCFPropertyWidget::WMoveCFPropertyWidget(QWidget* parent)
     , ui(new Ui::WMoveCFPropertyWidget)
 {
     ui->setupUi(this);
-    initForm({{{ui->wgtAuxPoint1, tr("AuxPoint1(robtarget): ")},
-               {ui->wgtAuxPoint2, tr("AuxPoint2(robtarget): ")}},
-              ui->cbxSpeed,
-              ui->cbxZone,
-              ui->cbxTool,
-              ui->cbxWobj,
-              ui->sbxRunDeg,
-              ui->cbxRotType});
+    initForm(circleBoxes(*ui, {{ui->wgtAuxPoint1, tr("AuxPoint1(robtarget): ")},
+                               {ui->wgtAuxPoint2, tr("AuxPoint2(robtarget): ")}}));
 }
 
 WMoveLInsertWidget::~WMoveLInsertWidget() = default;

@@ -11,6 +11,10 @@ class QComboBox;
 class QDoubleSpinBox;
 class SetUpPointWidget;
 
+namespace Guard {
+struct Origin;
+} // namespace Guard
+
 namespace Ui {
 class WMoveLInsertWidget;
 class WMoveLPropertyWidget;
@@ -20,6 +24,25 @@ class WMoveCFInsertWidget;
 class WMoveCFPropertyWidget;
 } // namespace Ui
 
+/// The boxes of one form, which owns them.
+struct MotionBoxes
+{
+    struct Point
+    {
+        SetUpPointWidget* box = nullptr;
+        QString label;
+    };
+
+    QVector<Point> points;
+    QComboBox* speed = nullptr;
+    QComboBox* zone = nullptr;
+    QComboBox* tool = nullptr;
+    QComboBox* wobj = nullptr;
+    // A full circle alone has these two.
+    QDoubleSpinBox* runDeg = nullptr;
+    QComboBox* rotType = nullptr;
+};
+
 /// What the editors of a welding motion share: the boxes of the form and the call that they show.
 ///
 /// The arguments of a call stand in this order: the points; of a full circle the run angle in
@@ -28,29 +51,11 @@ class WMoveCFPropertyWidget;
 class MotionEditor : public qelplugin::RLContentBase
 {
 protected:
-    struct Point
-    {
-        SetUpPointWidget* box = nullptr;
-        QString label;
-    };
-    /// The boxes of one form; the form owns them.
-    struct Boxes
-    {
-        QVector<Point> points;
-        QComboBox* speed = nullptr;
-        QComboBox* zone = nullptr;
-        QComboBox* tool = nullptr;
-        QComboBox* wobj = nullptr;
-        // A full circle alone has these two.
-        QDoubleSpinBox* runDeg = nullptr;
-        QComboBox* rotType = nullptr;
-    };
-
     /// The key is the instruction's, such as "LsMoveL".
     MotionEditor(QLatin1String key, QWidget* parent);
 
     /// Fills the boxes with what the host has. To be called once, with the form set up.
-    void initForm(const Boxes& formBoxes);
+    void initForm(const MotionBoxes& formBoxes);
 
     QStringList pointTexts() const;
     /// The call with these texts as its points and what the other boxes show.
@@ -59,14 +64,14 @@ protected:
     int fewestArguments() const;
     /// Shows the arguments of a call, of which there are enough.
     void showArguments(const QStringList& arguments);
-    const QVector<Point>& points() const { return boxes.points; }
+    const QVector<MotionBoxes::Point>& points() const { return boxes.points; }
 
 private:
     void fillLists();
     bool isCircle() const { return boxes.runDeg != nullptr; }
 
     QLatin1String key;
-    Boxes boxes;
+    MotionBoxes boxes;
 };
 
 /// Makes a new instruction. New points are stored on the controller when the text is built.
@@ -98,7 +103,7 @@ protected:
     using MotionEditor::MotionEditor;
 
 private:
-    void loadCall(const QString& line);
+    void loadCall(const Guard::Origin& origin, const QString& line);
 };
 
 // The six editors differ in their forms, and each has its labels in its own translation context.
