@@ -2,7 +2,11 @@
 
 #include <QWidget>
 
+#include <array>
 #include <memory>
+
+class QDoubleSpinBox;
+class QPushButton;
 
 namespace Ui {
 class SetUpPointWidget;
@@ -29,9 +33,23 @@ public:
     /// Reloads the points and proposes a name.
     void refreshPointList();
 
+private Q_SLOTS:
+    void onBtnOffsClicked();
+    void onBtnRelToolClicked();
+
 private:
+    /// Offsets in mm, then angles in degrees.
+    std::array<QDoubleSpinBox*, 6> boxes() const;
+    /// Name and the values of the first boxes: "Offs(p1,0,0,10)".
+    QString expression(const char* call, size_t values) const;
+    /// Takes name and values over; the boxes without a value become 0.
+    void load(const QStringList& entries);
+    void setMode(bool offs, bool relTool);
+    void showParameters(bool withAngles);
+    void switchMode(QPushButton* button, bool on, bool withAngles);
+
     std::unique_ptr<Ui::SetUpPointWidget> ui;
     int m_index = 1;
-    bool m_offsOn = false;
-    bool m_relToolOn = false;
+    bool m_offsOn = false;    ///< an Offs expression; at most one of the two
+    bool m_relToolOn = false; ///< a RelTool expression
 };
