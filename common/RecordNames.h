@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// The names under which programs call the controller's weld records.
 namespace RecordNames {
@@ -12,6 +13,15 @@ inline constexpr int ScheduleCount = 30;
 inline QString scheduleName(int number)
 {
     return QString(QLatin1String("LsData%1")).arg(number);
+}
+
+/// All of them, in the order of their numbers.
+inline QStringList scheduleNames()
+{
+    QStringList names;
+    for (int number = 1; number <= ScheduleCount; ++number)
+        names << scheduleName(number);
+    return names;
 }
 
 } // namespace RecordNames
