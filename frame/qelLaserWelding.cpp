@@ -54,7 +54,7 @@ void qelLaserWelding::init()
 void qelLaserWelding::afterInit()
 {
     LOGI(LogTag::Plugin) << "QelPluginDemo::initData()";
-    const RlLaserWeldDefine instructions;
+    const RlLaserWeldDefine instructions(this);
     Q_UNUSED(instructions)
 }
 
