@@ -66,6 +66,17 @@ QString inspectPlace(const QFileInfo& info)
     return {};
 }
 
+/// Each layout has one table more than the one before.
+QString inspectTables(SqlConnection& connection, const QString& file, int version)
+{
+    const QVariant tables = connection.value(
+        QStringLiteral("SELECT count(*) FROM sqlite_master WHERE name IN ('records', 'programs')"));
+    if (!tables.isValid())
+        return explain(file, connection);
+    return tables.toInt() < version ? damaged(file, QStringLiteral("a table is missing"))
+                                    : QString();
+}
+
 /// Whose file it is. A file of SQLite's with nothing in it and no mark was left by a pendant that
 /// was killed while it made the cell, and counts as empty.
 QString inspectMark(SqlConnection& connection, const QString& file)
@@ -79,7 +90,8 @@ QString inspectMark(SqlConnection& connection, const QString& file)
     if (mark.toInt() != Cell::applicationId)
         return notACell(file);
     const int version = connection.value(QStringLiteral("PRAGMA user_version")).toInt();
-    return version > Cell::version ? newer(file, version) : QString();
+    return version > Cell::version ? newer(file, version)
+                                   : inspectTables(connection, file, version);
 }
 
 QString inspectWhole(SqlConnection& connection, const QString& file)

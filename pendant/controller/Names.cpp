@@ -20,7 +20,8 @@ bool isSlash(QChar character)
 /// Also what is no character at all or cannot be seen, such as a mark of direction.
 bool isControl(uint character)
 {
-    return !QChar::isPrint(character);
+    return !QChar::isPrint(character) || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator;
 }
 
 bool hasControl(const QString& name)

@@ -1,12 +1,10 @@
 #include "Controller.h"
 #include "DefaultCell.h"
+#include "FullDisk.h"
 #include "ResultCode.h"
 #include "TestCase.h"
 
 #include <QTemporaryDir>
-
-#include <csignal>
-#include <sys/resource.h>
 
 using namespace pendant;
 
@@ -276,6 +274,9 @@ void ControllerTest::serviceData_data()
     row("ports", nothing);
     row("registers", nothing);
     row("ports.DI", nothing);
+    for (const char* key :
+         {"tools", "work_objects", "speeds", "zones", "points", "selection", "selection.tool"})
+        row(key, nothing);
 }
 
 void ControllerTest::serviceData()
@@ -537,14 +538,11 @@ void ControllerTest::noCommand()
 /// Nothing of a call whose transaction fails is done, neither in the cell nor at the device.
 void ControllerTest::fullDisk()
 {
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit none{1, before.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &none);
-    const QJsonArray answered = m_controller->command(plugin, {{feed, true}, {redLight, true}});
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    QJsonArray answered;
+    {
+        const FullDisk full(1);
+        answered = m_controller->command(plugin, {{feed, true}, {redLight, true}});
+    }
 
     const QJsonObject notStored{{QStringLiteral("return"), 9}};
     const QJsonObject answers{{feed, notStored}, {redLight, notStored}};
