@@ -32,6 +32,8 @@ private Q_SLOTS:
     void commandsReachTheController();
     void statesOfTheController();
     void portsAndRegisters();
+    void listsOfTheRobot();
+    void points();
     void nodes();
     void labels();
     void reconnectionIsTold();
@@ -182,6 +184,38 @@ void TestShellBackend::portsAndRegisters()
     QCOMPARE(host.getIOByType(QStringLiteral("DI")), cell->ports(QStringLiteral("DI")));
     QCOMPARE(host.getRegisterValue(), cell->registers());
     QCOMPARE(host.getRegisterHash(), cell->registerGroups());
+}
+
+void TestShellBackend::listsOfTheRobot()
+{
+    TestCell cell;
+    ShellBackend backend(*cell);
+    InterfaceManager& host = qelPluginInterface();
+    QCOMPARE(host.getToolList(), cell->tools());
+    QCOMPARE(host.getWobjList(), cell->workObjects());
+    QCOMPARE(host.getSpeedList(), cell->speeds());
+    QCOMPARE(host.getZoneList(), cell->zones());
+    QVERIFY(!host.getZoneList().isEmpty());
+    cell->setCurrentTool(QStringLiteral("gripper"));
+    cell->setCurrentWorkObject(QStringLiteral("tray"));
+    QCOMPARE(host.getCurTool(), QStringLiteral("gripper"));
+    QCOMPARE(host.getCurWobj(), QStringLiteral("tray"));
+}
+
+void TestShellBackend::points()
+{
+    TestCell cell;
+    ShellBackend backend(*cell);
+    InterfaceManager& host = qelPluginInterface();
+    const QStringList before = cell->pointNames();
+    const QString name = QStringLiteral("p10");
+    const QString tool = host.getCurTool();
+    const QString workObject = host.getCurWobj();
+    QCOMPARE(host.getPointNameList(), before);
+    QVERIFY(host.addCurrentPoint(name, false, tool, workObject));
+    QVERIFY(!host.addCurrentPoint(name, true, tool, workObject));
+    QVERIFY(!host.addCurrentPoint(name + name, false, workObject, tool));
+    QCOMPARE(host.getPointNameList(), before + QStringList(name));
 }
 
 void TestShellBackend::nodes()
