@@ -1,13 +1,12 @@
 #include "Cell.h"
-#include "SqlConnection.h"
+#include "FullDisk.h"
+#include "OldCell.h"
 #include "TestCase.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -43,38 +42,6 @@ bool setBytes(const QString& file, const QByteArray& bytes)
     QFile device(file);
     return device.open(QIODevice::WriteOnly) && device.write(bytes) == bytes.size();
 }
-
-bool runSql(const QString& file, const QStringList& statements)
-{
-    SqlConnection connection;
-    bool isDone = connection.open(file, SqlConnection::Access::ReadWrite);
-    for (const QString& each : statements)
-        isDone = isDone && connection.run(each);
-    return isDone;
-}
-
-/// While it lives no file of the process grows beyond the size; a full disk from SQLite's view.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t size)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{size, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY(FullDisk)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = nullptr;
-};
 
 /// While it lives the process has the rights of nobody; nothing changes for a test that is not run
 /// as root.
@@ -123,6 +90,16 @@ private Q_SLOTS:
     void refusesOtherDatabase_data();
     void refusesOtherDatabase();
     void refusesNewerVersion();
+    void olderLayout();
+    void olderLayoutRefused_data();
+    void olderLayoutRefused();
+    void olderLayoutOnFullDisk();
+    void missingPrograms();
+    void programsOfNewCell();
+    void programBytes_data();
+    void programBytes();
+    void changesPrograms();
+    void programsOnFullDisk();
     void refusesLocked();
     void recoversCrash();
     void refusesDamagedWithLeftovers();
@@ -134,7 +111,7 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
-    Programs m_programs{{QStringLiteral("first"), "LaserOff();\n"}};
+    Programs m_programs;
     QString m_error;
 };
 
@@ -144,6 +121,7 @@ void CellTest::init()
     m_folder = std::make_unique<QTemporaryDir>();
     m_file = m_folder->filePath(QStringLiteral("weld.cell"));
     m_error.clear();
+    m_programs = {{QStringLiteral("first"), "LaserOff();\n"}};
 }
 
 std::unique_ptr<Cell> CellTest::open(const Records& records)
@@ -372,6 +350,130 @@ void CellTest::refusesNewerVersion()
     QVERIFY(runSql(m_file, {QStringLiteral("PRAGMA user_version=3")}));
     expectRefusal(QStringLiteral("version 3, this one knows 2"));
     QVERIFY(m_error.contains(QLatin1String("Update the pendant")));
+}
+
+void CellTest::olderLayout()
+{
+    QVERIFY(makeOldCell(m_file));
+    {
+        const auto cell = open();
+        QVERIFY2(cell, qPrintable(m_error));
+        QCOMPARE(cell->record(keyA), QJsonValue(QJsonObject{{QStringLiteral("n"), 7}}));
+        QCOMPARE(cell->record(keyB), defaults().value(keyB));
+        QCOMPARE(cell->programs(), QStringList{QStringLiteral("first")});
+        QVERIFY(cell->removeProgram(QStringLiteral("first"), &m_error));
+    }
+    QCOMPARE(bytesOf(m_file).mid(60, 4), QByteArray("\0\0\0\2", 4));
+    // What was removed from the present layout does not come back.
+    QVERIFY(open()->programs().isEmpty());
+}
+
+void CellTest::olderLayoutRefused_data()
+{
+    QTest::addColumn<QString>("statement");
+    QTest::newRow("no JSON") << QStringLiteral("UPDATE records SET value = '{'");
+    QTest::newRow("foreign table") << QStringLiteral("CREATE TABLE programs (notes)");
+}
+
+/// A cell that cannot be opened is not brought up to the present layout either.
+void CellTest::olderLayoutRefused()
+{
+    QFETCH(QString, statement);
+    QVERIFY(makeOldCell(m_file));
+    QVERIFY(runSql(m_file, {statement}));
+    const QByteArray before = bytesOf(m_file);
+    QVERIFY(!open());
+    QVERIFY2(m_error.contains(m_file), qPrintable(m_error));
+    QCOMPARE(bytesOf(m_file), before);
+}
+
+void CellTest::olderLayoutOnFullDisk()
+{
+    QVERIFY(makeOldCell(m_file));
+    const QByteArray before = bytesOf(m_file);
+    m_programs.insert(QStringLiteral("big"), QByteArray(1 << 20, 'x'));
+    {
+        const FullDisk full(64 * 1024);
+        QVERIFY(!open());
+    }
+    QVERIFY2(m_error.contains(m_file), qPrintable(m_error));
+    QCOMPARE(bytesOf(m_file), before);
+    const auto cell = open();
+    QVERIFY2(cell, qPrintable(m_error));
+    QCOMPARE(cell->programs().size(), 2);
+}
+
+void CellTest::missingPrograms()
+{
+    QVERIFY(open());
+    QVERIFY(runSql(m_file, {QStringLiteral("DROP TABLE programs")}));
+    expectRefusal(QStringLiteral("a table is missing"));
+}
+
+void CellTest::programsOfNewCell()
+{
+    QByteArray text;
+    QVERIFY(open()->readProgram(QStringLiteral("first"), &text));
+    QCOMPARE(text, QByteArray("LaserOff();\n"));
+    QVERIFY(!open()->readProgram(QStringLiteral("second"), &text));
+}
+
+void CellTest::programBytes_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QByteArray all;
+    for (int byte = 0; byte < 256; ++byte)
+        all.append(static_cast<char>(byte));
+    QTest::newRow("null") << QByteArray();
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("every byte") << all;
+    QTest::newRow("line ends") << QByteArray("a\r\nb\nc\rd");
+    QTest::newRow("no UTF-8") << QByteArray("\xff\xfe\x80");
+    QTest::newRow("looks like a number") << QByteArray("0012");
+}
+
+void CellTest::programBytes()
+{
+    QFETCH(QByteArray, text);
+    const QString name = QString::fromUtf8("\u6fc0\u5149 'a'; %1");
+    QVERIFY2(open()->storeProgram(name, text, &m_error), qPrintable(m_error));
+    QByteArray read("before");
+    QVERIFY(open()->readProgram(name, &read));
+    QCOMPARE(read, text);
+}
+
+void CellTest::changesPrograms()
+{
+    const QString name = QStringLiteral("b");
+    m_programs = {{QStringLiteral("B"), "1"}, {QStringLiteral("a"), "2"}, {name, "3"}};
+    {
+        const auto cell = open();
+        QCOMPARE(cell->programs().join(QLatin1Char(' ')), QStringLiteral("a B b"));
+        QVERIFY(cell->storeProgram(name, "4", &m_error));
+        QVERIFY(cell->renameProgram(name, QStringLiteral("c"), &m_error));
+        QVERIFY(cell->removeProgram(QStringLiteral("a"), &m_error));
+        // The name is taken, and nothing changes.
+        QVERIFY(!cell->renameProgram(QStringLiteral("B"), QStringLiteral("c"), &m_error));
+    }
+    QByteArray text;
+    QCOMPARE(open()->programs().join(QLatin1Char(' ')), QStringLiteral("B c"));
+    QVERIFY(open()->readProgram(QStringLiteral("c"), &text));
+    QCOMPARE(text, QByteArray("4"));
+}
+
+void CellTest::programsOnFullDisk()
+{
+    const QString name = QStringLiteral("first");
+    const auto cell = open();
+    {
+        const FullDisk full(256 * 1024);
+        QVERIFY(!cell->storeProgram(name, QByteArray(1 << 20, 'x'), &m_error));
+    }
+    QVERIFY2(m_error.contains(m_file), qPrintable(m_error));
+    QByteArray text;
+    QVERIFY2(cell->readProgram(name, &text), qPrintable(m_error));
+    QCOMPARE(text, m_programs.value(name));
+    QVERIFY(cell->storeProgram(name, "room again", &m_error));
 }
 
 void CellTest::refusesLocked()
