@@ -43,4 +43,10 @@ void RlRegistry::clear()
     groups.clear();
 }
 
+void RlRegistry::tellObserver(const char* operation, const QStringList& texts) const
+{
+    if (observer)
+        observer(operation, texts);
+}
+
 } // namespace qelplugin

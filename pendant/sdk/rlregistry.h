@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
 #include <optional>
 
 namespace qelplugin {
@@ -38,12 +39,17 @@ public:
 
     QVector<RlInstruction> instructions;
     QVector<RlGroup> groups;
+    /// Told of each registration before it takes effect, with the RLManager's operation and the
+    /// texts that it was given. For whoever wants to know their order.
+    std::function<void(const char* operation, const QStringList& texts)> observer;
 
     /// The instruction under the key, made when it is new.
     RlInstruction& instruction(const QString& key);
     RlGroup& group(const QString& key);
-    /// Drops everything. To be called before the library whose factories these are is unloaded.
+    /// Drops everything that was registered. To be called before the library whose factories these
+    /// are is unloaded.
     void clear();
+    void tellObserver(const char* operation, const QStringList& texts) const;
 };
 
 } // namespace qelplugin

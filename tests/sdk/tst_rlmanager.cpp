@@ -69,12 +69,14 @@ private Q_SLOTS:
     void group();
     void outlivesTheManager();
     void clear();
+    void observer();
     void fieldKinds();
     void newSpec();
 };
 
 void TestRLManager::cleanup()
 {
+    RlRegistry::instance().observer = nullptr;
     RlRegistry::instance().clear();
     TestCase::cleanup();
 }
@@ -190,6 +192,26 @@ void TestRLManager::outlivesTheManager()
 }
 
 // With the factories goes all that they hold.
+void TestRLManager::observer()
+{
+    QStringList told;
+    bool wasThere = true;
+    RlRegistry::instance().observer = [&](const char* operation, const QStringList& texts) {
+        told << QLatin1String(operation) + QLatin1Char(' ') + texts.join(QLatin1Char('|'));
+        wasThere = !RlRegistry::instance().instructions.isEmpty();
+    };
+    RLManager manager(nullptr);
+    manager.createTypeKey(Key);
+    QVERIFY(!wasThere);
+    manager.createTypeToGroup(QStringLiteral("group"), Key);
+    manager.createGroups(QStringLiteral("title"), QStringLiteral("group"));
+    manager.createData(QStringLiteral("group"), command(), editor("a"), editor("b"));
+    QCOMPARE(told, (QStringList{QStringLiteral("createTypeKey LaserOn"),
+                                QStringLiteral("createTypeToGroup group|LaserOn"),
+                                QStringLiteral("createGroups title|group"),
+                                QStringLiteral("createData group|LsMoveL")}));
+}
+
 void TestRLManager::clear()
 {
     const auto held = std::make_shared<int>();
