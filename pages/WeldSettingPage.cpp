@@ -131,11 +131,11 @@ int fieldHeight(QWidget* page)
     return std::max(textHeight + UiScale::pixels(4, page), 22);
 }
 
-/// A label that is asked for its hint is polished, and from then on each sheet that is set above it
-/// styles all that stands there anew. A label without a style yet does with its text's height.
-int hintHeight(const QLabel* label)
+/// A label that is asked for its hint is polished. Before its frame has a sheet that must not be: a
+/// sheet that is set on a frame which is not polished yet does not reach what is polished below it.
+int hintHeight(const QFrame* frame, const QLabel* label)
 {
-    const bool isStyled = label->testAttribute(Qt::WA_StyleSheet);
+    const bool isStyled = !frame->styleSheet().isEmpty();
     return isStyled ? label->sizeHint().height() : label->fontMetrics().height();
 }
 
@@ -421,7 +421,8 @@ void WeldSettingPage::relaxHeader()
     row->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     EnableButton* main = ui->pushButton_main_enable;
     main->setMinimumSize(main->minimumSize().expandedTo(main->minimumSizeHint()));
-    const int content = std::max(hintHeight(ui->label_main_enable), main->minimumHeight());
+    const int content =
+        std::max(hintHeight(ui->frame_5, ui->label_main_enable), main->minimumHeight());
     const QMargins margins = row->contentsMargins();
     const int edges = margins.top() + margins.bottom() + 2 * ui->frame_5->frameWidth();
     ui->frame_5->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);

@@ -5,6 +5,7 @@
 #include "ScriptedHost.h"
 #include "StackedWidgetFit.h"
 #include "TestCase.h"
+#include "UiScale.h"
 #include "WeldParameterPage.h"
 #include "WeldSettingPage.h"
 #include "WeldioPage.h"
@@ -123,6 +124,8 @@ private Q_SLOTS:
 
     void renderStylesThePages();
     void renderAsksTheHostForLittle();
+    void renderedLabelsHaveOneSize_data();
+    void renderedLabelsHaveOneSize();
     void lock_data();
     void lock();
     void goesInAnyOrder();
@@ -436,6 +439,33 @@ void TestLaserWeldPage::renderAsksTheHostForLittle()
     t.page.renderPages();
     // The zoom, for the switches of the first page; no record is read before a page is shown.
     QCOMPARE(t.host.callNames(), QStringList{"getNodeData"_s});
+}
+
+void TestLaserWeldPage::renderedLabelsHaveOneSize_data()
+{
+    QTest::addColumn<bool>("isShownFirst");
+    QTest::newRow("rendered, then shown") << false;
+    QTest::newRow("shown, then rendered") << true;
+}
+
+// A label that was polished too early would keep the application's font.
+void TestLaserWeldPage::renderedLabelsHaveOneSize()
+{
+    QFETCH(bool, isShownFirst);
+    MainOnHost t;
+    QFont other = QApplication::font();
+    other.setPointSize(17);
+    t.page.setFont(other);
+    if (isShownFirst)
+        t.page.show();
+    t.page.renderPages();
+    t.page.show();
+    const int size = UiScale::pointSize(10, &t.page);
+    const auto labels = t.only<WeldSettingPage>()->findChildren<QLabel*>();
+    for (const QLabel* label : labels) {
+        if (label->isVisible())
+            QVERIFY2(label->font().pointSize() == size, qPrintable(label->objectName()));
+    }
 }
 
 void TestLaserWeldPage::lock_data()
