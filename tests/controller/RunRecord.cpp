@@ -50,3 +50,17 @@ int runOf(const QJsonObject& record)
                     powers * record.value(QLatin1String("feedback_delay")).toInt(-1);
     return run >= 0 && record == runRecord(run) ? run : -1;
 }
+
+QByteArray runProgram(int run)
+{
+    const int lines = 1 + run % 600;
+    return ("LaserOn(\"LsData1\"); //" + QByteArray::number(run) + '\n').repeated(lines);
+}
+
+int runOf(const QByteArray& program)
+{
+    bool isNumber = false;
+    const QByteArray line = program.left(program.indexOf('\n'));
+    const int run = line.mid(line.indexOf("//") + 2).toInt(&isNumber);
+    return isNumber && program == runProgram(run) ? run : -1;
+}

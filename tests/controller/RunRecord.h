@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QJsonObject>
 
 /// A "weld_setting_config" whose every field follows from one number, so that a record that was
@@ -8,3 +9,9 @@ QJsonObject runRecord(int run);
 
 /// The number of such a record; -1 when a field does not fit the others.
 int runOf(const QJsonObject& record);
+
+/// A program of some pages of the cell, whose lines and their number follow from one number.
+QByteArray runProgram(int run);
+
+/// The number of such a program; -1 when a line does not fit the others.
+int runOf(const QByteArray& program);

@@ -1,5 +1,5 @@
-// Saves records with rising numbers until it is killed, and tells each number that was answered
-// with success. Arguments: the cell, the first number.
+// Saves records or programs with rising numbers until it is killed, and tells each number that was
+// answered with success. Arguments: the cell, the first number, "record" or the program's name.
 
 #include "Controller.h"
 #include "RunRecord.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-bool save(pendant::Controller& controller, int run)
+bool saveRecord(pendant::Controller& controller, int run)
 {
     const QString plugin = QStringLiteral("qelLaserWelding");
     const QString name = QStringLiteral("set_weld_setting_config");
@@ -19,13 +19,20 @@ bool save(pendant::Controller& controller, int run)
     return answers.value(name).toObject().value(QLatin1String("return")) == QJsonValue(0);
 }
 
+bool save(pendant::Controller& controller, const QString& what, int run)
+{
+    if (what == QLatin1String("record"))
+        return saveRecord(controller, run);
+    return controller.saveProgram(what, runProgram(run));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3)
+    if (arguments.size() != 4)
         return 2;
     QString error;
     const auto controller = pendant::Controller::open(arguments.at(1), {}, &error);
@@ -33,7 +40,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "%s\n", qPrintable(error));
         return 1;
     }
-    for (int run = arguments.at(2).toInt(); save(*controller, run); ++run) {
+    for (int run = arguments.at(2).toInt(); save(*controller, arguments.at(3), run); ++run) {
         std::printf("%d\n", run);
         std::fflush(stdout);
     }

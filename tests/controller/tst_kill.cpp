@@ -1,4 +1,5 @@
 #include "Controller.h"
+#include "OldCell.h"
 #include "RunRecord.h"
 #include "TestCase.h"
 
@@ -10,15 +11,18 @@ using namespace pendant;
 
 namespace {
 
+const QString record = QStringLiteral("record");
+const QString program = QStringLiteral("main");
+
 /// A process that saves until it is killed.
 class Writer
 {
 public:
-    Writer(const QString& cell, int first)
+    Writer(const QString& cell, int first, const QString& what = record)
     {
-        const QString program =
+        const QString writer =
             QCoreApplication::applicationDirPath() + QStringLiteral("/kill_writer");
-        m_process.start(program, {cell, QString::number(first)});
+        m_process.start(writer, {cell, QString::number(first), what});
     }
 
     bool waitForStart() { return m_process.waitForStarted(); }
@@ -72,6 +76,21 @@ QJsonObject storedRecord(const QString& cell, QString* error)
                       : QJsonObject();
 }
 
+QByteArray storedProgram(const QString& cell, QString* error)
+{
+    QByteArray text;
+    const auto controller = Controller::open(cell, {}, error);
+    if (controller && !controller->readProgram(program, &text))
+        *error = QStringLiteral("the program is missing");
+    return text;
+}
+
+/// The number of what is stored; -1 when it is not whole.
+int storedRun(const QString& cell, const QString& what, QString* error)
+{
+    return what == record ? runOf(storedRecord(cell, error)) : runOf(storedProgram(cell, error));
+}
+
 } // namespace
 
 /// Kills a process at random moments of a run of saves and looks at what is left.
@@ -83,6 +102,7 @@ private Q_SLOTS:
     void initTestCase();
     void killedWhileSaving_data();
     void killedWhileSaving();
+    void killedWhileMaking_data();
     void killedWhileMaking();
     void lockedByTheOther();
     void lockedForTheOther();
@@ -109,10 +129,12 @@ void KillTest::killedWhileSaving_data()
 {
     QTest::addColumn<QString>("folder");
     QTest::addColumn<int>("microseconds"); // a few saves long
+    QTest::addColumn<QString>("what");
     // A disk takes nearly all of a save for the flush at its end. Memory takes none, so that the
     // kills fall upon the steps of the save itself.
-    QTest::newRow("disk") << QDir::tempPath() << 20000;
-    QTest::newRow("memory") << QStringLiteral("/dev/shm") << 1000;
+    QTest::newRow("disk") << QDir::tempPath() << 20000 << record;
+    QTest::newRow("memory") << QStringLiteral("/dev/shm") << 1000 << record;
+    QTest::newRow("program") << QStringLiteral("/dev/shm") << 2000 << program;
 }
 
 void KillTest::killedWhileSaving()
@@ -120,6 +142,7 @@ void KillTest::killedWhileSaving()
     constexpr int rounds = 200;
     QFETCH(QString, folder);
     QFETCH(int, microseconds);
+    QFETCH(QString, what);
     if (!QFileInfo(folder).isWritable())
         folder = QDir::tempPath();
     const QTemporaryDir place(folder + QStringLiteral("/tst_kill-XXXXXX"));
@@ -127,16 +150,15 @@ void KillTest::killedWhileSaving()
     int first = 0;
     int unanswered = 0;
     for (int round = 0; round < rounds; ++round) {
-        Writer writer(cell, first);
+        Writer writer(cell, first, what);
         QVERIFY(writer.waitForAnswers(1 + m_random.bounded(8)));
         // Anywhere within the saves that follow.
         QThread::usleep(static_cast<unsigned long>(m_random.bounded(microseconds)));
         QVERIFY(writer.kill());
 
         QString error;
-        const QJsonObject record = storedRecord(cell, &error);
+        const int stored = storedRun(cell, what, &error);
         QVERIFY2(error.isEmpty(), qPrintable(error));
-        const int stored = runOf(record);
         const int answered = writer.lastAnswered();
         // One save may have been stored whose answer did not get out any more.
         QVERIFY2(stored == answered || stored == answered + 1,
@@ -151,8 +173,16 @@ void KillTest::killedWhileSaving()
           unanswered);
 }
 
+void KillTest::killedWhileMaking_data()
+{
+    QTest::addColumn<bool>("isOlder");
+    QTest::newRow("a new cell") << false;
+    QTest::newRow("a cell of the older layout") << true;
+}
+
 void KillTest::killedWhileMaking()
 {
+    QFETCH(bool, isOlder);
     constexpr int rounds = 40;
     QElapsedTimer clock;
     clock.start();
@@ -162,7 +192,8 @@ void KillTest::killedWhileMaking()
     QVERIFY(scout.kill());
 
     for (int round = 0; round < rounds; ++round) {
-        const QString cell = path(QStringLiteral("making%1.cell").arg(round));
+        const QString cell = path(QStringLiteral("making%1%2.cell").arg(isOlder).arg(round));
+        QVERIFY(!isOlder || makeOldCell(cell));
         Writer writer(cell, 0);
         QVERIFY(writer.waitForStart());
         // From before the file is there to the first saves.
@@ -170,11 +201,12 @@ void KillTest::killedWhileMaking()
         QVERIFY(writer.kill());
 
         QString error;
-        const QJsonObject record = storedRecord(cell, &error);
+        const QJsonObject stored = storedRecord(cell, &error);
         QVERIFY2(error.isEmpty(), qPrintable(error));
         // Either as new or one of the run, but always whole.
-        QCOMPARE(record.size(), runRecord(0).size());
-        QVERIFY(writer.lastAnswered() < 0 || runOf(record) >= writer.lastAnswered());
+        QCOMPARE(stored.size(), runRecord(0).size());
+        QVERIFY(writer.lastAnswered() < 0 || runOf(stored) >= writer.lastAnswered());
+        QCOMPARE(Controller::open(cell, {}, &error)->programs().size(), 2);
     }
 }
 
