@@ -1,0 +1,89 @@
+#pragma once
+
+#include <qelplugin.h>
+
+#include <QGridLayout>
+#include <QRandomGenerator>
+#include <QStringList>
+#include <QTranslator>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+/// What the tests of the instruction editors share.
+namespace EditorTest {
+
+/// Shows in which context a text was looked up: "context/text".
+struct ContextTranslator : QTranslator
+{
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        return QString::fromUtf8(context) + QLatin1Char('/') + QString::fromUtf8(text);
+    }
+    bool isEmpty() const override { return false; }
+};
+
+/// No console for as long as it lives.
+class SilentConsole
+{
+public:
+    SilentConsole()
+        : console(::dup(STDERR_FILENO))
+    {
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        ::dup2(nowhere, STDERR_FILENO);
+        ::close(nowhere);
+    }
+    ~SilentConsole()
+    {
+        ::dup2(console, STDERR_FILENO);
+        ::close(console);
+    }
+
+private:
+    Q_DISABLE_COPY(SilentConsole)
+
+    int console;
+};
+
+/// The grid's widgets as "row,column class name", in the order of their making.
+inline QStringList gridTexts(const QGridLayout* grid)
+{
+    QStringList texts;
+    for (int index = 0; index < grid->count(); ++index) {
+        int row = 0, column = 0, rows = 0, columns = 0;
+        grid->getItemPosition(index, &row, &column, &rows, &columns);
+        const QWidget* widget = grid->itemAt(index)->widget();
+        texts << QStringLiteral("%1,%2 %3 %4")
+                     .arg(row)
+                     .arg(column)
+                     .arg(QLatin1String(widget->metaObject()->className()), widget->objectName());
+    }
+    return texts;
+}
+
+/// Random bytes, read as Latin 1 or as UTF-8.
+inline QString randomBytes(QRandomGenerator& random)
+{
+    QByteArray bytes(random.bounded(12), '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random.bounded(256));
+    return random.bounded(2) == 0 ? QString::fromLatin1(bytes) : QString::fromUtf8(bytes);
+}
+
+/// A call, mostly, whose arguments are of the pieces, of bytes and of none.
+inline QString randomCall(QRandomGenerator& random, const QStringList& pieces)
+{
+    QStringList arguments;
+    for (int count = random.bounded(5); count > 0; --count) {
+        const int which = random.bounded(pieces.size() + 2);
+        arguments << (which < pieces.size() ? pieces.at(which) : randomBytes(random));
+    }
+    const QString inner =
+        arguments.join(random.bounded(2) ? QStringLiteral(", ") : QStringLiteral(","));
+    const QString end = random.bounded(8) ? QStringLiteral(");") : randomBytes(random);
+    const QString name = random.bounded(8) ? QStringLiteral("LaserOn(") : randomBytes(random);
+    return name + inner + end;
+}
+
+} // namespace EditorTest
