@@ -96,6 +96,19 @@ QStringList splitArguments(QStringView inner)
     return list;
 }
 
+// As QDebug prints it, which is slow; most texts hold nothing that it would write differently.
+void appendPrinted(QString& text, const QString& item)
+{
+    const bool asItIs = std::all_of(item.begin(), item.end(), [](QChar character) {
+        const char16_t code = character.unicode();
+        return code >= ' ' && code <= '~' && code != '"' && code != '\\';
+    });
+    if (asItIs)
+        text += QLatin1Char('"') + item + QLatin1Char('"');
+    else
+        QDebug(&text).nospace() << item;
+}
+
 } // namespace
 
 bool extractFunctionAndParameters(const QString& input, QString& functionName,
@@ -130,8 +143,13 @@ QString stripEnclosing(const QString& text, const QString& prefix, const QString
 
 QString printedList(const QStringList& list)
 {
-    QString text;
-    QDebug(&text).nospace() << list;
+    QString text(QLatin1Char('('));
+    for (const QString& item : list) {
+        if (text.size() > 1)
+            text += QLatin1String(", ");
+        appendPrinted(text, item);
+    }
+    text += QLatin1Char(')');
     return text;
 }
 
