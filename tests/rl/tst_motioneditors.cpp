@@ -1,3 +1,4 @@
+#include "EditorTest.h"
 #include "LogFolder.h"
 #include "MotionEditors.h"
 #include "ScriptedHost.h"
@@ -12,18 +13,16 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QSet>
-#include <QTranslator>
 #include <QVBoxLayout>
 
-#include <functional>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace {
 
+using EditorTest::ContextTranslator;
+using EditorTest::SilentConsole;
 using qelplugin::RLContentBase;
 using Editor = std::unique_ptr<RLContentBase>;
 
@@ -90,39 +89,6 @@ struct Cell : ScriptedHost
         tool = "tool1"_s;
         workObject = "wobj1"_s;
     }
-};
-
-/// Shows which context a text was looked up in.
-struct ContextTranslator : QTranslator
-{
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return QString::fromUtf8(context) + "/"_s + QString::fromUtf8(text);
-    }
-    bool isEmpty() const override { return false; }
-};
-
-/// No console for as long as it lives.
-class SilentConsole
-{
-public:
-    SilentConsole()
-        : console(::dup(STDERR_FILENO))
-    {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        ::dup2(nowhere, STDERR_FILENO);
-        ::close(nowhere);
-    }
-    ~SilentConsole()
-    {
-        ::dup2(console, STDERR_FILENO);
-        ::close(console);
-    }
-
-private:
-    Q_DISABLE_COPY(SilentConsole)
-
-    int console;
 };
 
 QComboBox* combo(const Editor& editor, const char* name)
@@ -264,14 +230,9 @@ QString randomCall(QRandomGenerator& random)
     static const char* const keys[] = {"LsMoveL", "LsMoveC", " LsMoveCF ", "x", "", "LaserOn"};
     QString text = QString::fromUtf8(keys[random.bounded(6)]) + "("_s;
     for (int count = random.bounded(11); count > 0; --count) {
-        if (random.bounded(5) == 0) {
-            QByteArray bytes(random.bounded(9), Qt::Uninitialized);
-            for (char& byte : bytes)
-                byte = static_cast<char>(random.bounded(256));
-            text += random.bounded(2) != 0 ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
-        } else {
-            text += QString::fromUtf8(pieces[random.bounded(int(std::size(pieces)))]);
-        }
+        text += random.bounded(5) == 0
+                    ? EditorTest::randomBytes(random)
+                    : QString::fromUtf8(pieces[random.bounded(int(std::size(pieces)))]);
         text += random.bounded(9) != 0 ? ", "_s : QString();
     }
     return text + (random.bounded(12) != 0 ? ");"_s : QString());
