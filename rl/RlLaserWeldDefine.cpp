@@ -73,7 +73,7 @@ RLContentBase* makeEditorOfKey(const Instruction& instruction)
 
 constexpr char BareKeyPattern[] = R"(^\s*%1\s*(?://.*)?$)";
 constexpr char WholeNumber[] = R"(\s*(?:-?\d+)\s*)";
-constexpr char QuotedText[] = R"([^"]+)";
+constexpr char QuotedText[] = R"x([^\"]+)x";
 
 // The three patterns of the bare key do not take the call with its parentheses, not even the
 // default text; the host goes by the call's name there.
