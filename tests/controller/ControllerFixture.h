@@ -15,8 +15,6 @@ protected:
     pendant::Controller& controller() const { return *m_controller; }
 
     QStringList m_log; ///< of the controller, since it was opened
-
-private:
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<pendant::Controller> m_controller;
 };

@@ -1,10 +1,7 @@
-#include "Controller.h"
+#include "ControllerFixture.h"
 #include "DefaultCell.h"
 #include "FullDisk.h"
 #include "ResultCode.h"
-#include "TestCase.h"
-
-#include <QTemporaryDir>
 
 using namespace pendant;
 
@@ -41,7 +38,7 @@ QJsonValue weldStatus(const Controller& controller, const char* key)
 
 } // namespace
 
-class ControllerTest : public TestCase
+class ControllerTest : public ControllerFixture
 {
     Q_OBJECT
 
@@ -98,20 +95,18 @@ private Q_SLOTS:
 
 private:
     void reopen();
+    void watchChanges();
     QJsonArray send(const QString& command, const QJsonValue& payload);
     QJsonObject stored() const { return m_controller->serviceData(setting).toObject(); }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Controller> m_controller;
-    QStringList m_log;
     QStringList m_changed;
 };
 
 void ControllerTest::init()
 {
     TestCase::init();
-    m_folder = std::make_unique<QTemporaryDir>();
-    reopen();
+    makeCell();
+    watchChanges();
 }
 
 void ControllerTest::cleanup()
@@ -122,14 +117,13 @@ void ControllerTest::cleanup()
 
 void ControllerTest::reopen()
 {
-    m_controller.reset();
-    QString error;
-    m_controller = Controller::open(m_folder->filePath(QStringLiteral("cell")), {}, &error);
-    QVERIFY2(m_controller, qPrintable(error));
-    m_log.clear();
+    ControllerFixture::reopen();
+    watchChanges();
+}
+
+void ControllerTest::watchChanges()
+{
     m_changed.clear();
-    connect(m_controller.get(), &Controller::logged, this,
-            [this](const QString& text) { m_log << text; });
     connect(m_controller.get(), &Controller::recordChanged, this,
             [this](const QString& key) { m_changed << key; });
 }
