@@ -8,10 +8,12 @@
 #include "MessagePage.h"
 #include "MessageStrip.h"
 #include "PluginPage.h"
+#include "ProgramPage.h"
 #include "Theme.h"
 #include "TopBar.h"
 
 #include <QAbstractButton>
+#include <QCloseEvent>
 #include <QEvent>
 #include <QPlainTextEdit>
 #include <QStackedWidget>
@@ -26,6 +28,7 @@ namespace pendant {
 namespace {
 
 constexpr int LogLines = 2000;
+constexpr int Warning = 1; // severity of a message
 
 QVBoxLayout* plainColumn(QWidget* parent)
 {
@@ -44,10 +47,12 @@ MainWindow::MainWindow(Controller& controller, QWidget* parent)
     , rightKeys(new KeyColumn(this))
     , tabs(new QTabBar(this))
     , pages(new QStackedWidget(this))
+    , centre(new QStackedWidget(this))
     , strip(new MessageStrip(this))
     , drawer(new Drawer(this))
     , login(new LoginPanel(this))
     , pluginPage(new PluginPage)
+    , programPage(new ProgramPage(controller))
 {
     setObjectName(QStringLiteral("pendant"));
     setWindowTitle(tr("Pendant"));
@@ -60,6 +65,9 @@ MainWindow::MainWindow(Controller& controller, QWidget* parent)
     connect(topBar, &TopBar::connectionClicked, this, &MainWindow::connectionClicked);
     connect(topBar, &TopBar::powerClicked, this, &MainWindow::powerClicked);
     connect(topBar, &TopBar::userClicked, this, &MainWindow::toggleLogin);
+    connect(topBar, &TopBar::programToggled, this, &MainWindow::showProgram);
+    connect(programPage, &ProgramPage::complained, this,
+            [this](const QString& text) { showMessage(objectName(), Warning, text); });
     connect(login, &LoginPanel::levelChosen, login, &QWidget::hide);
     connect(login, &LoginPanel::levelChosen, this, &MainWindow::levelChosen);
 }
@@ -94,16 +102,19 @@ QWidget* MainWindow::buildBody()
     tabs->setExpanding(false);
     tabs->hide();
     pages->setObjectName(QStringLiteral("pages"));
-    pages->installEventFilter(this);
+    centre->setObjectName(QStringLiteral("centre"));
+    centre->installEventFilter(this);
     auto* body = new QWidget(this);
     auto* row = new QHBoxLayout(body);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addWidget(leftKeys);
-    auto* centre = plainColumn(nullptr);
-    centre->addWidget(tabs);
-    centre->addWidget(pages, 1);
-    row->addLayout(centre, 1);
+    auto* column = plainColumn(new QWidget);
+    column->addWidget(tabs);
+    column->addWidget(pages, 1);
+    centre->addWidget(column->parentWidget());
+    centre->addWidget(programPage);
+    row->addWidget(centre, 1);
     row->addWidget(rightKeys);
     return body;
 }
@@ -171,6 +182,13 @@ void MainWindow::selectPage(int index)
     topBar->showTitle(tabs->tabText(index));
 }
 
+void MainWindow::showProgram(bool on)
+{
+    releaseKeys();
+    centre->setCurrentIndex(on ? 1 : 0);
+    topBar->showTitle(on ? tr("Robot programs") : tabs->tabText(tabs->currentIndex()));
+}
+
 void MainWindow::addIndicator(QWidget* indicator, int position)
 {
     topBar->addIndicator(indicator, position);
@@ -236,6 +254,7 @@ void MainWindow::dropPlugins()
 {
     leftKeys->clear();
     rightKeys->clear();
+    programPage->dropPlugins();
     const QSignalBlocker quiet(tabs);
     while (tabs->count() > 0)
         tabs->removeTab(0);
@@ -260,12 +279,18 @@ void MainWindow::changeEvent(QEvent* event)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     releaseKeys();
+    if (programPage->hasUnsaved()) {
+        event->ignore();
+        topBar->setProgram(true);
+        programPage->leave([this] { close(); });
+        return;
+    }
     QWidget::closeEvent(event);
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == pages && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
+    if (watched == centre && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
         placePanels();
     return QWidget::eventFilter(watched, event);
 }
@@ -274,10 +299,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 void MainWindow::placePanels()
 {
     const int gap = Theme::px(8);
-    const QRect centre(pages->mapTo(this, QPoint()), pages->size());
-    const int height = qMin(qMax(centre.height() / 2, Theme::px(330)), centre.height() - 2 * gap);
-    drawer->setGeometry(centre.left() + gap, centre.bottom() - height - gap + 1,
-                        centre.width() - 2 * gap, height);
+    const QRect page(centre->mapTo(this, QPoint()), centre->size());
+    const int height = qMin(qMax(page.height() / 2, Theme::px(330)), page.height() - 2 * gap);
+    drawer->setGeometry(page.left() + gap, page.bottom() - height - gap + 1, page.width() - 2 * gap,
+                        height);
     const QSize size = login->sizeHint().expandedTo(QSize(Theme::px(240), 0));
     login->setGeometry(QRect(QPoint(width() - size.width() - gap, topBar->height() + gap), size));
 }

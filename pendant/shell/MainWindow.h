@@ -18,6 +18,7 @@ class KeyColumn;
 class LoginPanel;
 class MessageStrip;
 class PluginPage;
+class ProgramPage;
 class TopBar;
 
 /// The pendant's window: status bar, the plugin's page between the two columns of keys, messages.
@@ -71,6 +72,7 @@ private:
     void selectPage(int index);
     void toggleLogin();
     void clearMessages();
+    void showProgram(bool on);
     void placePanels();
 
     MessageModel history;
@@ -79,10 +81,12 @@ private:
     KeyColumn* rightKeys;
     QTabBar* tabs;
     QStackedWidget* pages;
+    QStackedWidget* centre; ///< the plugins' pages or the robot programs
     MessageStrip* strip;
     Drawer* drawer;
     LoginPanel* login;
     PluginPage* pluginPage;
+    ProgramPage* programPage;
 };
 
 } // namespace pendant

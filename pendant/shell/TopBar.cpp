@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVariant>
 
 namespace pendant {
@@ -23,6 +24,7 @@ TopBar::TopBar(QWidget* parent)
     , connection(addButton("button_connection", tr("Controller")))
     , power(addButton("button_power", tr("Robot")))
     , title(new QLabel(this))
+    , program(new QPushButton(tr("Program"), this))
     , user(nullptr)
 {
     setObjectName(QStringLiteral("topBar"));
@@ -36,6 +38,9 @@ TopBar::TopBar(QWidget* parent)
     row->addSpacing(gap);
     row->addWidget(title);
     row->addStretch(1);
+    program->setObjectName(QStringLiteral("button_program"));
+    program->setCheckable(true);
+    row->addWidget(program);
     indicators->parentWidget()->setObjectName(QStringLiteral("indicators"));
     indicators->setContentsMargins(0, 0, 0, 0);
     indicators->setSpacing(gap);
@@ -46,7 +51,9 @@ TopBar::TopBar(QWidget* parent)
     connect(power, &LampButton::clicked, this, &TopBar::powerClicked);
     connect(user, &LampButton::clicked, this, &TopBar::userClicked);
     showUser(0);
+    connect(program, &QPushButton::toggled, this, &TopBar::programToggled);
     Theme::dress(title);
+    Theme::dress(program);
 }
 
 LampButton* TopBar::addButton(const char* name, const QString& caption)
@@ -77,6 +84,11 @@ void TopBar::showUser(int level)
 void TopBar::showTitle(const QString& text)
 {
     title->setText(text);
+}
+
+void TopBar::setProgram(bool on)
+{
+    program->setChecked(on);
 }
 
 void TopBar::addIndicator(QWidget* indicator, int position)

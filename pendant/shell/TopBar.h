@@ -4,6 +4,7 @@
 
 class QHBoxLayout;
 class QLabel;
+class QPushButton;
 
 namespace pendant {
 
@@ -25,11 +26,14 @@ public:
     /// Takes the indicator over. Those with the lower position stand further left.
     void addIndicator(QWidget* indicator, int position);
     void clearIndicators();
+    /// Shows the robot programs, or the page of a plugin.
+    void setProgram(bool on);
 
 Q_SIGNALS:
     void connectionClicked();
     void powerClicked();
     void userClicked();
+    void programToggled(bool on);
 
 private:
     LampButton* addButton(const char* name, const QString& caption);
@@ -39,6 +43,7 @@ private:
     LampButton* connection;
     LampButton* power;
     QLabel* title;
+    QPushButton* program;
     LampButton* user;
 };
 

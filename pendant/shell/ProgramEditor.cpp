@@ -1,0 +1,430 @@
+#include "ProgramEditor.h"
+
+#include "ProgramView.h"
+#include "Theme.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace pendant {
+
+namespace {
+
+constexpr int ButtonColumns = 5;
+constexpr int PanelWidth = 220;   // for 96 dots per inch
+constexpr int EditorHeight = 100; // for 96 dots per inch
+
+QString indentOf(const QString& line)
+{
+    const auto* const start = std::find_if_not(line.constBegin(), line.constEnd(),
+                                               [](QChar sign) { return sign.isSpace(); });
+    return line.left(static_cast<int>(start - line.constBegin()));
+}
+
+/// A plain box with a layout, dressed as the shell is.
+template<typename Layout>
+Layout* dressedBox(QWidget* parent)
+{
+    auto* layout = new Layout(new QWidget(parent));
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Theme::px(6));
+    Theme::dress(layout->parentWidget());
+    return layout;
+}
+
+} // namespace
+
+// The editors come from plugins, which bring their own style: only what stands around is dressed.
+ProgramEditor::ProgramEditor(QWidget* parent)
+    : QWidget(parent)
+{
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(Theme::px(6));
+    column->setContentsMargins(Theme::px(6), Theme::px(6), Theme::px(6), Theme::px(6));
+    column->addWidget(buildHead());
+    column->addWidget(buildMiddle(), 3);
+    column->addWidget(buildButtons());
+    editorTitle = new QLabel(this);
+    editorTitle->setObjectName(QStringLiteral("label_editor"));
+    Theme::dress(editorTitle);
+    column->addWidget(editorTitle);
+    editorPlace = new QScrollArea(this);
+    editorPlace->setObjectName(QStringLiteral("scroll_editor"));
+    editorPlace->setWidgetResizable(true);
+    editorPlace->setMinimumHeight(Theme::px(EditorHeight));
+    column->addWidget(editorPlace, 2);
+    connect(&document, &ProgramDocument::changed, view, &ProgramView::select);
+    connect(&document.history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
+    connect(&document.history(), &QUndoStack::indexChanged, this, &ProgramEditor::enableButtons);
+    connect(view, &ProgramView::selectionMoved, this, &ProgramEditor::followSelection);
+    connect(groupBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &ProgramEditor::showGroup);
+    connect(instructionList, &QListWidget::itemClicked, this, &ProgramEditor::chooseInstruction);
+    connect(instructionList, &QListWidget::itemActivated, this, &ProgramEditor::chooseInstruction);
+    connect(searchField, &QLineEdit::returnPressed, this, &ProgramEditor::findNext);
+    followSelection();
+}
+
+QAbstractButton* ProgramEditor::addButton(QWidget* parent, const char* name, const QString& caption,
+                                          Action action)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QStringLiteral("button_") + QString::fromLatin1(name));
+    connect(button, &QPushButton::clicked, this, action);
+    return button;
+}
+
+QWidget* ProgramEditor::buildHead()
+{
+    auto* row = dressedBox<QHBoxLayout>(this);
+    QWidget* box = row->parentWidget();
+    nameLabel = new QLabel(box);
+    nameLabel->setObjectName(QStringLiteral("label_program"));
+    searchField = new QLineEdit(box);
+    searchField->setObjectName(QStringLiteral("edit_find"));
+    searchField->setPlaceholderText(tr("Text to find"));
+    row->addWidget(addButton(box, "programs", tr("Programs"), &ProgramEditor::leaveClicked));
+    row->addWidget(nameLabel, 1);
+    row->addWidget(searchField, 1);
+    row->addWidget(addButton(box, "find", tr("Find"), &ProgramEditor::findNext));
+    row->addWidget(addButton(box, "undo", tr("Undo"), &ProgramEditor::undo));
+    row->addWidget(addButton(box, "redo", tr("Redo"), &ProgramEditor::redo));
+    row->addWidget(addButton(box, "save", tr("Save"), &ProgramEditor::saveClicked));
+    return box;
+}
+
+QWidget* ProgramEditor::buildMiddle()
+{
+    auto* row = dressedBox<QHBoxLayout>(this);
+    view = new ProgramView(document, catalogue, row->parentWidget());
+    view->setMinimumHeight(Theme::px(80));
+    row->addWidget(view, 1);
+    row->addWidget(buildInstructions());
+    return row->parentWidget();
+}
+
+QWidget* ProgramEditor::buildInstructions()
+{
+    auto* column = dressedBox<QVBoxLayout>(this);
+    QWidget* box = column->parentWidget();
+    box->setFixedWidth(Theme::px(PanelWidth));
+    groupBox = new QComboBox(box);
+    groupBox->setObjectName(QStringLiteral("box_group"));
+    instructionList = new QListWidget(box);
+    instructionList->setObjectName(QStringLiteral("list_instructions"));
+    instructionList->setMinimumHeight(Theme::px(60));
+    description = new QLabel(box);
+    description->setObjectName(QStringLiteral("label_description"));
+    description->setWordWrap(true);
+    description->setTextFormat(Qt::PlainText);
+    description->setProperty("hint", true);
+    column->addWidget(groupBox);
+    column->addWidget(instructionList, 1);
+    column->addWidget(description);
+    return box;
+}
+
+QWidget* ProgramEditor::buildButtons()
+{
+    struct Row
+    {
+        const char* name;
+        QString caption;
+        Action action;
+    };
+    const Row rows[] = {
+        {"insertBefore", tr("Insert before"), &ProgramEditor::insertBefore},
+        {"insertAfter", tr("Insert after"), &ProgramEditor::insertAfter},
+        {"replace", tr("Replace"), &ProgramEditor::replace},
+        {"comment", tr("Comment"), &ProgramEditor::toggleComment},
+        {"delete", tr("Delete"), &ProgramEditor::remove},
+        {"moveUp", tr("Move up"), &ProgramEditor::moveUp},
+        {"moveDown", tr("Move down"), &ProgramEditor::moveDown},
+        {"cut", tr("Cut"), &ProgramEditor::cut},
+        {"copy", tr("Copy"), &ProgramEditor::copy},
+        {"paste", tr("Paste"), &ProgramEditor::paste},
+    };
+    auto* grid = dressedBox<QGridLayout>(this);
+    int placed = 0;
+    for (const Row& row : rows) {
+        grid->addWidget(addButton(grid->parentWidget(), row.name, row.caption, row.action),
+                        placed / ButtonColumns, placed % ButtonColumns);
+        ++placed;
+    }
+    return grid->parentWidget();
+}
+
+void ProgramEditor::load(const QString& name, const QByteArray& text)
+{
+    title = name;
+    document.load(text);
+    showTitle();
+    followSelection();
+}
+
+void ProgramEditor::takeInstructions()
+{
+    const auto& registry = qelplugin::RlRegistry::instance();
+    if (registry.instructions.size() == catalogue.size())
+        return;
+    catalogue.load(registry);
+    const QSignalBlocker quiet(groupBox);
+    groupBox->clear();
+    for (const auto& group : catalogue.groups())
+        groupBox->addItem(group.title);
+    showGroup(groupBox->currentIndex());
+    followSelection();
+}
+
+void ProgramEditor::dropInstructions()
+{
+    closeEditor({});
+    const QSignalBlocker quiet(groupBox);
+    groupBox->clear();
+    instructionList->clear();
+    catalogue.clear();
+}
+
+void ProgramEditor::showGroup(int group)
+{
+    instructionList->clear();
+    if (group < 0)
+        return;
+    for (const int member : catalogue.groups().at(group).members) {
+        auto* item = new QListWidgetItem(catalogue.at(member).key, instructionList);
+        item->setData(Qt::UserRole, member);
+    }
+}
+
+void ProgramEditor::chooseInstruction()
+{
+    if (const QListWidgetItem* item = instructionList->currentItem())
+        openEditor(item->data(Qt::UserRole).toInt(), nullptr);
+}
+
+void ProgramEditor::followSelection()
+{
+    enableButtons();
+    if (inserting)
+        return;
+    instructionList->setCurrentItem(nullptr);
+    if (view->selectedCount() != 1) {
+        closeEditor(tr("Select a line, or choose an instruction."));
+        return;
+    }
+    const QString line = document.line(view->selectedFirst());
+    const int instruction = catalogue.find(line);
+    if (instruction < 0)
+        closeEditor(tr("This line is no instruction of a plugin. It is kept as it stands."));
+    else
+        openEditor(instruction, &line);
+}
+
+// A null line stands for a new instruction.
+void ProgramEditor::openEditor(int instruction, const QString* line)
+{
+    QString error;
+    closeEditor({});
+    edited = instruction;
+    isNew = !line;
+    describe(instruction);
+    const QString& key = catalogue.at(instruction).key;
+    editorTitle->setText(isNew ? tr("New: %1").arg(key)
+                               : tr("Line %1: %2").arg(view->selectedFirst() + 1).arg(key));
+    editor = isNew ? catalogue.makeInsertEditor(instruction, &error)
+                   : catalogue.makePropertyEditor(instruction, &error);
+    if (!editor) {
+        auto* hint = new QLabel(error.isEmpty() ? tr("Nothing to fill in.")
+                                                : tr("Its form cannot be built: %1").arg(error));
+        hint->setObjectName(QStringLiteral("label_noEditor"));
+        hint->setMargin(Theme::px(8));
+        editorPlace->setWidget(hint);
+    } else {
+        if (line)
+            editor->FillWith(*line);
+        editorPlace->setWidget(editor);
+    }
+    enableButtons();
+}
+
+void ProgramEditor::closeEditor(const QString& hint)
+{
+    delete editorPlace->takeWidget();
+    edited = -1;
+    isNew = false;
+    editorTitle->setText(hint);
+    description->clear();
+    enableButtons();
+}
+
+void ProgramEditor::describe(int instruction)
+{
+    description->setText(catalogue.at(instruction).description);
+}
+
+void ProgramEditor::showTitle()
+{
+    nameLabel->setText(document.isModified() ? title + QLatin1String(" *") : title);
+    nameLabel->setToolTip(document.isModified() ? tr("Not saved yet") : QString());
+}
+
+void ProgramEditor::enableButtons()
+{
+    const int count = view->selectedCount();
+    const bool any = count > 0;
+    const std::pair<const char*, bool> states[] = {
+        {"insertBefore", edited >= 0},
+        {"insertAfter", edited >= 0},
+        {"replace", edited >= 0 && count == 1},
+        {"comment", any},
+        {"delete", any},
+        {"moveUp", any && view->selectedFirst() > 0},
+        {"moveDown", any && view->selectedFirst() + count < document.rowCount()},
+        {"cut", any},
+        {"copy", any},
+        {"paste", !clipboard.isEmpty()},
+        {"undo", document.history().canUndo()},
+        {"redo", document.history().canRedo()},
+    };
+    for (const auto& [name, on] : states)
+        findChild<QAbstractButton*>(QStringLiteral("button_") + QString::fromLatin1(name))
+            ->setEnabled(on);
+}
+
+// An editor that is not for that use is asked for both.
+bool ProgramEditor::permits(Use use) const
+{
+    const bool askInsert = use == Use::Insert || isNew;
+    const bool askReplace = use == Use::Replace || !isNew;
+    return (!askInsert || editor->CheckInsert()) && (!askReplace || editor->CheckReplace());
+}
+
+// The text is asked for once, and only when it will go in: an editor may store a point with it.
+std::optional<QStringList> ProgramEditor::offeredLines(Use use)
+{
+    const qelplugin::RlInstruction& instruction = catalogue.at(edited);
+    if (editor && !permits(use)) {
+        Q_EMIT complained((use == Use::Insert ? tr("Inserting \"%1\" was refused.")
+                                              : tr("Replacing by \"%1\" was refused."))
+                              .arg(instruction.key));
+        return std::nullopt;
+    }
+    const QString plain =
+        instruction.defaultText.isEmpty() ? instruction.skeleton : instruction.defaultText;
+    const QString text = editor ? editor->BuildText() : plain;
+    if (text.isEmpty()) {
+        Q_EMIT complained(tr("The editor of \"%1\" gives no text.").arg(instruction.key));
+        return std::nullopt;
+    }
+    return text.split(QLatin1Char('\n'));
+}
+
+void ProgramEditor::insertAt(int row)
+{
+    if (edited < 0)
+        return;
+    const auto lines = offeredLines(Use::Insert);
+    if (!lines)
+        return;
+    const QScopedValueRollback<bool> stay(inserting, isNew);
+    document.insert(row, *lines);
+}
+
+void ProgramEditor::insertBefore()
+{
+    insertAt(qMax(0, view->selectedFirst()));
+}
+
+// With nothing selected: at the end.
+void ProgramEditor::insertAfter()
+{
+    const int first = view->selectedFirst();
+    insertAt(first < 0 ? document.rowCount() : first + view->selectedCount());
+}
+
+// The new text stands where the old one stood, by its indent.
+void ProgramEditor::replace()
+{
+    if (edited < 0 || view->selectedCount() != 1)
+        return;
+    const int row = view->selectedFirst();
+    auto lines = offeredLines(Use::Replace);
+    if (!lines)
+        return;
+    const QString indent = indentOf(document.line(row));
+    for (QString& each : *lines)
+        each.prepend(indent);
+    document.replace(row, 1, *lines);
+    followSelection();
+}
+
+void ProgramEditor::remove()
+{
+    const int first = view->selectedFirst();
+    document.remove(first, view->selectedCount());
+    view->select(qMin(first, document.rowCount() - 1));
+}
+
+void ProgramEditor::moveUp()
+{
+    document.moveUp(view->selectedFirst(), view->selectedCount());
+}
+
+void ProgramEditor::moveDown()
+{
+    document.moveDown(view->selectedFirst(), view->selectedCount());
+}
+
+void ProgramEditor::cut()
+{
+    copy();
+    remove();
+}
+
+void ProgramEditor::copy()
+{
+    clipboard = document.copy(view->selectedFirst(), view->selectedCount());
+    enableButtons();
+}
+
+void ProgramEditor::paste()
+{
+    const int first = view->selectedFirst();
+    document.paste(first < 0 ? document.rowCount() : first + view->selectedCount(), clipboard);
+}
+
+void ProgramEditor::toggleComment()
+{
+    document.toggleComment(view->selectedFirst(), view->selectedCount());
+    followSelection();
+}
+
+void ProgramEditor::undo()
+{
+    document.history().undo();
+}
+
+void ProgramEditor::redo()
+{
+    document.history().redo();
+}
+
+void ProgramEditor::findNext()
+{
+    const int row = document.find(searchField->text(), view->selectedFirst() + 1);
+    if (row < 0)
+        Q_EMIT complained(tr("\"%1\" is not in the program.").arg(searchField->text()));
+    else
+        view->select(row);
+}
+
+} // namespace pendant

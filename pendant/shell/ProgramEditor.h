@@ -1,0 +1,104 @@
+#pragma once
+
+#include "InstructionCatalogue.h"
+#include "ProgramDocument.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <optional>
+
+class QAbstractButton;
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QScrollArea;
+
+namespace pendant {
+
+class ProgramView;
+
+/// One robot program under the operator's hands: its lines, the instructions of the plugins, and
+/// the editor of the instruction that was chosen or of the line that is selected.
+class ProgramEditor : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ProgramEditor(QWidget* parent = nullptr);
+
+    ProgramDocument& program() { return document; }
+    void load(const QString& name, const QByteArray& text);
+    QString name() const { return title; }
+
+    /// Takes over what the plugins have registered since the last time.
+    void takeInstructions();
+    /// Lets everything go that came from plugins.
+    void dropInstructions();
+
+Q_SIGNALS:
+    void saveClicked();
+    void leaveClicked();
+    /// Something was refused; the text says what.
+    void complained(const QString& text);
+
+private:
+    using Action = void (ProgramEditor::*)();
+    enum class Use { Insert, Replace };
+
+    QWidget* buildHead();
+    QWidget* buildMiddle();
+    QWidget* buildButtons();
+    QWidget* buildInstructions();
+    QAbstractButton* addButton(QWidget* parent, const char* name, const QString& caption,
+                               Action action);
+
+    void showGroup(int group);
+    void chooseInstruction();
+    void followSelection();
+    void openEditor(int instruction, const QString* line);
+    void closeEditor(const QString& hint);
+    void describe(int instruction);
+    void showTitle();
+    void enableButtons();
+
+    bool permits(Use use) const;
+    std::optional<QStringList> offeredLines(Use use);
+    void insertAt(int row);
+
+    void insertBefore();
+    void insertAfter();
+    void replace();
+    void remove();
+    void moveUp();
+    void moveDown();
+    void cut();
+    void copy();
+    void paste();
+    void toggleComment();
+    void undo();
+    void redo();
+    void findNext();
+
+    ProgramDocument document;
+    InstructionCatalogue catalogue;
+    QString title;
+    QByteArray clipboard;
+    int edited = -1;        ///< the instruction that the editor is for
+    bool isNew = false;     ///< the editor is for a new instruction, not for the selected line
+    bool inserting = false; ///< the editor stays as it is while its line goes in
+    QPointer<qelplugin::RLContentBase> editor;
+
+    QLabel* nameLabel = nullptr;
+    QLineEdit* searchField = nullptr;
+    ProgramView* view = nullptr;
+    QComboBox* groupBox = nullptr;
+    QListWidget* instructionList = nullptr;
+    QLabel* description = nullptr;
+    QLabel* editorTitle = nullptr;
+    QScrollArea* editorPlace = nullptr;
+};
+
+} // namespace pendant
