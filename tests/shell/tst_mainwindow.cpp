@@ -1,6 +1,8 @@
 #include "HardwareKey.h"
 #include "LampButton.h"
 #include "MainWindow.h"
+#include "ProgramEditor.h"
+#include "ProgramPage.h"
 #include "TestCase.h"
 #include "TestCell.h"
 #include "Theme.h"
@@ -78,6 +80,8 @@ private Q_SLOTS:
     void loadedLibrariesDoNot();
     void controllerLogIsShown();
     void indicatorsStandByPosition();
+    void programsStandBesideThePages();
+    void closingAsksForTheProgram();
     void noTextIsCut_data();
     void noTextIsCut();
 };
@@ -332,6 +336,38 @@ void TestMainWindow::indicatorsStandByPosition()
     bench.window.addIndicator(first, 1);
     QTRY_VERIFY(first->x() < second->x());
     QVERIFY(first->isVisible());
+}
+
+void TestMainWindow::programsStandBesideThePages()
+{
+    Bench bench;
+    auto* page = child<ProgramPage>(&bench.window, "programPage");
+    QVERIFY(!page->isVisible());
+    bench.click("button_program");
+    QVERIFY(page->isVisible());
+    QVERIFY(!bench.page->isVisible());
+    QVERIFY(bench.key()->isVisible());
+    QCOMPARE(child<QLabel>(&bench.window, "label_application")->text(),
+             QStringLiteral("Robot programs"));
+    bench.click("button_program");
+    QVERIFY(bench.page->isVisible());
+    QCOMPARE(child<QLabel>(&bench.window, "label_application")->text(), PluginA);
+}
+
+void TestMainWindow::closingAsksForTheProgram()
+{
+    Bench bench;
+    auto* page = child<ProgramPage>(&bench.window, "programPage");
+    bench.cell->saveProgram(QStringLiteral("p"), "a\nb\n");
+    QVERIFY(page->open(QStringLiteral("p")));
+    page->findChild<ProgramEditor*>()->program().remove(0, 1);
+    QVERIFY(!bench.window.close());
+    QVERIFY(page->isVisible());
+    bench.click("answer_save");
+    QVERIFY(!bench.window.isVisible());
+    QByteArray text;
+    QVERIFY(bench.cell->readProgram(QStringLiteral("p"), &text));
+    QCOMPARE(text, QByteArray("b\n"));
 }
 
 void TestMainWindow::noTextIsCut_data()
