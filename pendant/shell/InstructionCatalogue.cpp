@@ -94,8 +94,11 @@ qelplugin::RLContentBase* InstructionCatalogue::make(const qelplugin::RLManager:
         return factory();
     SkeletonError malformed;
     const auto skeleton = Skeleton::parse(instructions.at(index).skeleton, &malformed);
-    if (skeleton && !skeleton->fields().isEmpty())
-        return new SkeletonForm(*skeleton);
+    if (skeleton && !skeleton->fields().isEmpty()) {
+        auto* form = new SkeletonForm(*skeleton);
+        form->FillWith(instructions.at(index).defaultText);
+        return form;
+    }
     *error = skeleton ? QString() : malformed.text();
     return nullptr;
 }

@@ -15,8 +15,8 @@ SkeletonForm::SkeletonForm(const Skeleton& skeleton, QWidget* parent)
 {
     setObjectName(QStringLiteral("skeletonForm"));
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(Theme::px(4));
+    Theme::dress(this);
     int number = 0;
     for (const SkeletonField& field : form.fields()) {
         auto* label = new QLabel(field.label, this);

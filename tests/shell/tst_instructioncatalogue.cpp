@@ -20,6 +20,7 @@ qelplugin::RlRegistry registry()
     qelplugin::RlInstruction& wire = made.instruction(QStringLiteral("LsWireFwd"));
     wire.group = QStringLiteral("weld");
     wire.pattern = QStringLiteral("^\\s*LsWireFwd\\((\\d+)\\);");
+    wire.defaultText = QStringLiteral("LsWireFwd(50);");
     wire.skeleton = QStringLiteral("LsWireFwd($Speed#spn#1,100#true$);");
     qelplugin::RlInstruction& broken = made.instruction(QStringLiteral("Broken"));
     broken.group = QStringLiteral("other");
@@ -95,7 +96,7 @@ void TestInstructionCatalogue::editors()
     QVERIFY(Editor(catalogue.makeInsertEditor(0, &error)));
     QVERIFY(!Editor(catalogue.makePropertyEditor(0, &error)));
     const Editor form(catalogue.makePropertyEditor(1, &error));
-    QCOMPARE(form->BuildText(), QStringLiteral("LsWireFwd(1);"));
+    QCOMPARE(form->BuildText(), QStringLiteral("LsWireFwd(50);"));
     QVERIFY(error.isEmpty());
     QVERIFY(!Editor(catalogue.makeInsertEditor(2, &error)));
     QCOMPARE(error, QStringLiteral("at character 8: the field has no end"));
