@@ -5,7 +5,10 @@
 #include <QGridLayout>
 #include <QRandomGenerator>
 #include <QStringList>
+#include <QStringListModel>
 #include <QTranslator>
+
+#include <stdexcept>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,6 +24,26 @@ struct ContextTranslator : QTranslator
         return QString::fromUtf8(context) + QLatin1Char('/') + QString::fromUtf8(text);
     }
     bool isEmpty() const override { return false; }
+};
+
+/// A list whose search throws: a standard exception or another one.
+class ThrowingModel : public QStringListModel
+{
+public:
+    explicit ThrowingModel(bool standard)
+        : isStandard(standard)
+    {}
+
+    QModelIndexList match(const QModelIndex&, int, const QVariant&, int,
+                          Qt::MatchFlags) const override
+    {
+        if (isStandard)
+            throw std::runtime_error("broken");
+        throw 1;
+    }
+
+private:
+    bool isStandard;
 };
 
 /// No console for as long as it lives.

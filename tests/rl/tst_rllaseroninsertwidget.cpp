@@ -9,8 +9,6 @@
 #include <QLabel>
 #include <QSpinBox>
 
-#include <stdexcept>
-
 using qelplugin::RLLaserOnInsertWidget;
 
 namespace {
@@ -273,12 +271,9 @@ void RLLaserOnInsertWidgetTest::exception()
     QFETCH(bool, isStandard);
     QFETCH(QString, end);
     const LogFolder log;
+    EditorTest::ThrowingModel model(isStandard);
     Editor editor;
-    connect(editor.schedule, &QComboBox::currentTextChanged, &editor, [&] {
-        if (isStandard)
-            throw std::runtime_error("broken");
-        throw 1;
-    });
+    editor.schedule->setModel(&model);
     editor.FillWith(QStringLiteral("LaserOn(\"LsData5\", 77);"));
     const QStringList lines = LogFolder::lines(Tag);
     QCOMPARE(lines.size(), 1);
