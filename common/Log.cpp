@@ -21,7 +21,7 @@ struct Second
 // To find the local time, the system looks at its files each time: not more than once a second.
 QLatin1String secondText(qint64 number)
 {
-    thread_local Second last;
+    static Second last; // all lines come from the GUI thread
     if (last.number != number) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(number * MillisecondsPerSecond);
         qstrncpy(last.text, time.toString(QLatin1String("MM/dd hh:mm:ss")).toLatin1().constData(),
