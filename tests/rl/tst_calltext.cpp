@@ -107,7 +107,7 @@ void CallTextTest::refuses_data()
     QTest::addColumn<QString>("input");
     const auto row = [](const char* title, const QString& input) { QTest::newRow(title) << input; };
     row("null", QString());
-    row("empty", QStringLiteral(""));
+    row("empty", QLatin1String(""));
     row("blank", QStringLiteral("  "));
     row("no parentheses", QStringLiteral("p1"));
     row("no name", QStringLiteral("(a)"));
@@ -173,7 +173,7 @@ void CallTextTest::logsRefusal()
     const QStringList lines = LogFolder::lines(ShortTag);
     QCOMPARE(lines.size(), 1);
     QVERIFY(lines.first().startsWith(QLatin1String("[E|")));
-    QCOMPARE(withoutLine(LogFolder::texts(ShortTag).first()),
+    QCOMPARE(withoutLine(LogFolder::texts(ShortTag).value(0)),
              F + QLatin1String(" # Parsing failed: Input string does not match function call "
                                "format. input: no call"));
 }

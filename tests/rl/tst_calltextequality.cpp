@@ -127,20 +127,13 @@ private:
                             QStringLiteral("Offs(p1,1,2,3)"),
                             QStringLiteral("\\"),
                             pair};
-    const QStringList breakers{QStringLiteral("\n"),
-                               QStringLiteral("\r"),
-                               QStringLiteral("\r\n"),
-                               QStringLiteral("\v"),
-                               QStringLiteral("\f"),
-                               QStringLiteral("\u0085"),
-                               QStringLiteral("\u2028"),
-                               QStringLiteral("\u2029"),
-                               pair.left(1),
-                               pair.right(1),
-                               QStringLiteral(";"),
-                               QString(QChar(0)),
-                               QStringLiteral("//"),
-                               QStringLiteral("\ufffe"),
+    const QStringList breakers{QStringLiteral("\n"),     QStringLiteral("\r"),
+                               QStringLiteral("\r\n"),   QStringLiteral("\v"),
+                               QStringLiteral("\f"),     QStringLiteral("\u0085"),
+                               QStringLiteral("\u2028"), QStringLiteral("\u2029"),
+                               pair.mid(0, 1),           pair.right(1),
+                               QStringLiteral(";"),      QString(QChar(0)),
+                               QStringLiteral("//"),     QStringLiteral("\ufffe"),
                                QStringLiteral("\u00a0")};
 };
 

@@ -18,11 +18,14 @@ using qelplugin::RlRegistry;
 
 namespace {
 
-const QStringList Keys{QStringLiteral("LaserOn"),        QStringLiteral("LaserOff"),
-                       QStringLiteral("LsParaSet"),      QStringLiteral("LsWireFwd"),
-                       QStringLiteral("LsWireBwd"),      QStringLiteral("LsParaMatch"),
-                       QStringLiteral("LsParaMatchOff"), QStringLiteral("LsMoveL"),
-                       QStringLiteral("LsMoveC"),        QStringLiteral("LsMoveCF")};
+QStringList allKeys()
+{
+    return {QStringLiteral("LaserOn"),        QStringLiteral("LaserOff"),
+            QStringLiteral("LsParaSet"),      QStringLiteral("LsWireFwd"),
+            QStringLiteral("LsWireBwd"),      QStringLiteral("LsParaMatch"),
+            QStringLiteral("LsParaMatchOff"), QStringLiteral("LsMoveL"),
+            QStringLiteral("LsMoveC"),        QStringLiteral("LsMoveCF")};
+}
 
 QString latin(const char* text)
 {
@@ -135,7 +138,7 @@ void RlLaserWeldDefineTest::orderOfInstructions()
         keys << instruction.key;
         QCOMPARE(instruction.group, QStringLiteral("LaserWeld"));
     }
-    QCOMPARE(keys, Keys);
+    QCOMPARE(keys, allKeys());
 }
 
 void RlLaserWeldDefineTest::groupComesLast()
@@ -164,8 +167,8 @@ void RlLaserWeldDefineTest::operations_data()
                             QStringLiteral("createPropertyWidget")};
     const QList<QStringList> forms{full,           full, full,  common + group, common + group,
                                    common + group, full, typed, typed,          typed};
-    for (int index = 0; index < Keys.size(); ++index)
-        QTest::newRow(qPrintable(Keys.at(index))) << Keys.at(index) << forms.at(index);
+    for (int index = 0; index < allKeys().size(); ++index)
+        QTest::newRow(qPrintable(allKeys().at(index))) << allKeys().at(index) << forms.at(index);
 }
 
 void RlLaserWeldDefineTest::operations()
@@ -181,7 +184,8 @@ void RlLaserWeldDefineTest::notInterleaved()
     const Recorder recorder;
     const RlLaserWeldDefine define(nullptr);
     QStringList expected;
-    for (const QString& key : Keys)
+    const QStringList keys = allKeys();
+    for (const QString& key : keys)
         expected << recorder.of(key);
     expected << QStringLiteral("createGroups");
     QCOMPARE(recorder.operations, expected);
@@ -250,7 +254,7 @@ void RlLaserWeldDefineTest::withoutEditors_data()
 {
     QTest::addColumn<QString>("key");
     for (int index = 3; index < 6; ++index)
-        QTest::newRow(qPrintable(Keys.at(index))) << Keys.at(index);
+        QTest::newRow(qPrintable(allKeys().at(index))) << allKeys().at(index);
 }
 
 void RlLaserWeldDefineTest::withoutEditors()
@@ -362,7 +366,7 @@ void RlLaserWeldDefineTest::defaultThroughEditor_data()
 {
     QTest::addColumn<QString>("key");
     for (const int index : {0, 1, 2, 6})
-        QTest::newRow(qPrintable(Keys.at(index))) << Keys.at(index);
+        QTest::newRow(qPrintable(allKeys().at(index))) << allKeys().at(index);
 }
 
 void RlLaserWeldDefineTest::defaultThroughEditor()
@@ -386,7 +390,7 @@ void RlLaserWeldDefineTest::patterns_data()
     };
     // Without its parentheses only.
     for (const int index : {1, 2, 6}) {
-        const QByteArray key = Keys.at(index).toLatin1();
+        const QByteArray key = allKeys().at(index).toLatin1();
         row(key, key, true);
         row(key, "  " + key + "\t ", true);
         row(key, key + " // comment", true);
@@ -450,7 +454,8 @@ void RlLaserWeldDefineTest::translated()
     const QString context = QStringLiteral("RlLaserWeldDefine/");
     QCOMPARE(RlRegistry::instance().group(QStringLiteral("LaserWeld")).title,
              context + QStringLiteral("Laser Weld Ins"));
-    for (const QString& key : Keys)
+    const QStringList keys = allKeys();
+    for (const QString& key : keys)
         QVERIFY2(registered(key).description.startsWith(context), qPrintable(key));
     QCOMPARE(registered(QStringLiteral("LsWireBwd")).skeleton,
              QStringLiteral("LsWireBwd($RlLaserWeldDefine/Wire feed back speed [1-100](mm/s):"
@@ -473,7 +478,7 @@ void RlLaserWeldDefineTest::outlivesTheObject()
         QCOMPARE(define.children().size(), 1);
         QVERIFY(qobject_cast<qelplugin::RLManager*>(define.children().first()));
     }
-    QCOMPARE(RlRegistry::instance().instructions.size(), Keys.size());
+    QCOMPARE(RlRegistry::instance().instructions.size(), allKeys().size());
     for (const RlInstruction& instruction : qAsConst(RlRegistry::instance().instructions)) {
         if (instruction.insertEditor)
             QVERIFY(made(instruction.insertEditor) && made(instruction.propertyEditor));

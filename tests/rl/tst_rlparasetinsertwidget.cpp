@@ -252,7 +252,8 @@ void RLParaSetInsertWidgetTest::logsEachLoad()
     {
         ConsoleCapture capture;
         editor.FillWith(line);
-        for (const QByteArray& each : capture.take())
+        const QList<QByteArray> taken = capture.take();
+        for (const QByteArray& each : taken)
             console << QString::fromUtf8(each).remove(QStringLiteral("\x1b[0m\n"));
     }
     QVERIFY(!console.isEmpty());

@@ -111,7 +111,7 @@ struct Bench
     void choose(const char* key) const
     {
         auto* list = child<QListWidget>(&page, "list_instructions");
-        auto* item = list->findItems(QLatin1String(key), Qt::MatchExactly).first();
+        auto* item = list->findItems(QLatin1String(key), Qt::MatchExactly).value(0);
         list->setCurrentItem(item);
         list->scrollToItem(item);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
