@@ -274,7 +274,10 @@ void RLLaserOnInsertWidgetTest::exception()
     EditorTest::ThrowingModel model(isStandard);
     Editor editor;
     editor.schedule->setModel(&model);
-    editor.FillWith(QStringLiteral("LaserOn(\"LsData5\", 77);"));
+    {
+        const EditorTest::LeaksInQt expected;
+        editor.FillWith(QStringLiteral("LaserOn(\"LsData5\", 77);"));
+    }
     const QStringList lines = LogFolder::lines(Tag);
     QCOMPARE(lines.size(), 1);
     const QRegularExpression form(

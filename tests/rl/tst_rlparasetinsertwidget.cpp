@@ -290,7 +290,10 @@ void RLParaSetInsertWidgetTest::exception()
     EditorTest::ThrowingModel model(isStandard);
     Editor editor;
     editor.schedule->setModel(&model);
-    editor.FillWith(QStringLiteral("LsParaSet(\"LsData5\",\"Pos\");"));
+    {
+        const EditorTest::LeaksInQt expected;
+        editor.FillWith(QStringLiteral("LsParaSet(\"LsData5\",\"Pos\");"));
+    }
     const QStringList lines = LogFolder::lines();
     QCOMPARE(lines.size(), 1);
     QVERIFY2(lineWith('W', end).match(lines.first()).hasMatch(), qPrintable(lines.first()));
