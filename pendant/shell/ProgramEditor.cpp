@@ -74,6 +74,12 @@ ProgramEditor::ProgramEditor(QWidget* parent)
     followSelection();
 }
 
+// The history empties itself at its end, when what would hear of it is gone already.
+ProgramEditor::~ProgramEditor()
+{
+    document.history().disconnect(this);
+}
+
 QAbstractButton* ProgramEditor::addButton(QWidget* parent, const char* name, const QString& caption,
                                           Action action)
 {

@@ -28,6 +28,7 @@ class ProgramEditor : public QWidget
 
 public:
     explicit ProgramEditor(QWidget* parent = nullptr);
+    ~ProgramEditor() override;
 
     ProgramDocument& program() { return document; }
     void load(const QString& name, const QByteArray& text);
