@@ -1,6 +1,8 @@
 #include "Hand.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -16,12 +18,19 @@ namespace {
 
 constexpr int PollMilliseconds = 10;
 
-void sendMouse(QWidget* widget, QEvent::Type type, Qt::MouseButtons held)
+void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& place)
 {
-    const QPoint local = widget->rect().center();
-    QMouseEvent event(type, local, widget->window()->mapFromGlobal(widget->mapToGlobal(local)),
-                      widget->mapToGlobal(local), Qt::LeftButton, held, Qt::NoModifier);
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+    QMouseEvent event(type, place, widget->window()->mapFromGlobal(widget->mapToGlobal(place)),
+                      widget->mapToGlobal(place), button, held, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
+}
+
+void sendClick(QWidget* widget, const QPoint& place)
+{
+    sendMouse(widget, QEvent::MouseButtonPress, place);
+    sendMouse(widget, QEvent::MouseButtonRelease, place);
 }
 
 void sendKey(QWidget* widget, int key, const QString& text,
@@ -56,7 +65,16 @@ bool Hand::refuse(const QString& reason)
 
 QWidget* Hand::find(const QString& name)
 {
-    const auto all = window.findChildren<QWidget*>(name);
+    QWidget* found = &window;
+    const QStringList path = name.split(QLatin1Char('/'));
+    for (const QString& each : path)
+        found = found ? findWithin(found, each) : nullptr;
+    return found;
+}
+
+QWidget* Hand::findWithin(QWidget* parent, const QString& name)
+{
+    const auto all = parent->findChildren<QWidget*>(name);
     if (all.isEmpty()) {
         refuse(QStringLiteral("there is no \"%1\"").arg(name));
         return nullptr;
@@ -76,19 +94,15 @@ QWidget* Hand::findTool(const QString& text)
     return nullptr;
 }
 
-// In view, and with nothing over its centre.
-bool Hand::reach(QWidget* widget)
+// In view, and with nothing over the place.
+bool Hand::reach(QWidget* widget, const QPoint& place)
 {
-    if (!widget)
-        return false;
     trouble.clear();
-    scrollTo(widget);
-    QApplication::processEvents();
     const QString name =
         widget->objectName().isEmpty() ? widget->accessibleName() : widget->objectName();
     if (!widget->isVisible())
         return refuse(QStringLiteral("\"%1\" is hidden").arg(name));
-    const QWidget* top = window.childAt(widget->mapTo(&window, widget->rect().center()));
+    const QWidget* top = window.childAt(widget->mapTo(&window, place));
     if (top != widget && !widget->isAncestorOf(top))
         return refuse(QStringLiteral("\"%1\" is covered or out of view").arg(name));
     return true;
@@ -96,9 +110,14 @@ bool Hand::reach(QWidget* widget)
 
 bool Hand::press(QWidget* widget)
 {
-    if (!reach(widget))
+    if (!widget)
         return false;
-    sendMouse(widget, QEvent::MouseButtonPress, Qt::LeftButton);
+    scrollTo(widget);
+    QApplication::processEvents();
+    const QPoint place = widget->rect().center();
+    if (!reach(widget, place))
+        return false;
+    sendMouse(widget, QEvent::MouseButtonPress, place);
     return true;
 }
 
@@ -106,7 +125,7 @@ bool Hand::release(QWidget* widget)
 {
     if (!widget)
         return false;
-    sendMouse(widget, QEvent::MouseButtonRelease, Qt::NoButton);
+    sendMouse(widget, QEvent::MouseButtonRelease, widget->rect().center());
     return true;
 }
 
@@ -115,14 +134,52 @@ bool Hand::click(QWidget* widget)
     return press(widget) && release(widget);
 }
 
-bool Hand::enter(QWidget* field, int number)
+bool Hand::click(QAbstractItemView* view, const QModelIndex& index)
+{
+    if (!view)
+        return false;
+    if (!index.isValid())
+        return refuse(QStringLiteral("\"%1\" has no such row").arg(view->objectName()));
+    view->scrollTo(index);
+    QApplication::processEvents();
+    const QPoint place = view->visualRect(index).intersected(view->viewport()->rect()).center();
+    if (!reach(view->viewport(), place))
+        return false;
+    sendClick(view->viewport(), place);
+    return true;
+}
+
+// The open list is a window of its own. It takes a release for the end of the press that opened it
+// until the mouse has moved by more than a little.
+bool Hand::choose(QComboBox* box, const QString& entry)
+{
+    if (!box)
+        return false;
+    const int row = box->findText(entry);
+    if (row < 0)
+        return refuse(QStringLiteral("\"%1\" does not offer %2").arg(box->objectName(), entry));
+    if (!click(box))
+        return false;
+    QAbstractItemView* list = box->view();
+    if (!waitFor([&] { return list->isVisible(); }))
+        return refuse(QStringLiteral("\"%1\" does not open").arg(box->objectName()));
+    const QModelIndex index = box->model()->index(row, box->modelColumn(), box->rootModelIndex());
+    list->scrollTo(index);
+    const QPoint place = list->visualRect(index).center();
+    for (const QPoint& each : {list->viewport()->rect().topRight(), place})
+        sendMouse(list->viewport(), QEvent::MouseMove, each);
+    sendClick(list->viewport(), place);
+    return (waitFor([&] { return !list->isVisible(); }) && box->currentIndex() == row) ||
+           refuse(QStringLiteral("\"%1\" does not take %2").arg(box->objectName(), entry));
+}
+
+bool Hand::enter(QWidget* field, const QString& text)
 {
     if (!click(field))
         return false;
     sendKey(field, Qt::Key_A, QString(), Qt::ControlModifier);
-    const QString digits = QString::number(number);
-    for (const QChar digit : digits)
-        sendKey(field, digit.unicode(), QString(digit));
+    for (const QChar sign : text)
+        sendKey(field, sign.toUpper().unicode(), QString(sign));
     return true;
 }
 

@@ -4,6 +4,10 @@
 
 #include <functional>
 
+class QAbstractItemView;
+class QComboBox;
+class QModelIndex;
+class QPoint;
 class QWidget;
 
 namespace pendant {
@@ -16,6 +20,7 @@ public:
     explicit Hand(QWidget& window);
 
     /// The widget of the object name, a visible one before a hidden one; or null with a complaint.
+    /// "a/b" is the "b" within the "a".
     QWidget* find(const QString& name);
     /// The tool button that shows the text.
     QWidget* findTool(const QString& text);
@@ -23,8 +28,12 @@ public:
     bool click(QWidget* widget);
     bool press(QWidget* widget);
     bool release(QWidget* widget);
-    /// Replaces the number in the field.
-    bool enter(QWidget* field, int number);
+    /// Of a row that is out of view, after scrolling to it.
+    bool click(QAbstractItemView* view, const QModelIndex& index);
+    /// Opens the list and clicks the entry.
+    bool choose(QComboBox* box, const QString& entry);
+    /// Replaces what is in the field.
+    bool enter(QWidget* field, const QString& text);
 
     /// Works the events off until the condition holds, for at most `milliseconds`.
     static bool waitFor(const std::function<bool()>& condition, int milliseconds = 5000);
@@ -34,7 +43,8 @@ public:
 
 private:
     bool refuse(const QString& reason);
-    bool reach(QWidget* widget);
+    bool reach(QWidget* widget, const QPoint& place);
+    QWidget* findWithin(QWidget* parent, const QString& name);
 
     QWidget& window;
     QString trouble;

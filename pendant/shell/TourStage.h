@@ -1,0 +1,95 @@
+#pragma once
+
+#include "Hand.h"
+#include "Options.h"
+
+#include <QImage>
+#include <QJsonValue>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace pendant {
+
+class Controller;
+class MainWindow;
+class Session;
+
+inline QString latin(const char* text)
+{
+    return QString::fromLatin1(text);
+}
+
+/// A pendant with a hand at it: what the steps of the tour are made of. Whatever returns a bool
+/// tells whether it went as it should; if not, trouble() says why.
+class TourStage
+{
+public:
+    // Users by their level, and the severities of messages.
+    static constexpr int OperatorLevel = 3;
+    static constexpr int TooLow = 2;
+    static constexpr int Information = 0;
+    static constexpr int Warning = 1;
+    static constexpr int Error = 2;
+
+    /// The options must have their paths filled.
+    explicit TourStage(const Options& options);
+    ~TourStage();
+
+    bool open();
+    void close();
+    bool isOpen() const { return session != nullptr; }
+    bool takePicture(const QString& file);
+
+    // Of the open pendant.
+    MainWindow& window() const;
+    Controller& controller() const;
+    Hand& hand() { return *atWork; }
+    QString cellFile() const { return options.cellFile; }
+    QJsonValue record(const QString& key) const;
+    QImage indicators() const;
+    const QImage& firstIndicators() const { return indicatorsAtStart; }
+
+    bool fail(const QString& reason);
+    bool expect(bool condition, const QString& otherwise);
+    QString trouble() const;
+
+    // Touches. What messages come after one is asked for below.
+    QWidget* widget(const QString& name);
+    bool logIn(int level);
+    bool clickName(const QString& name);
+    bool clickTool(const QString& text);
+    bool pressKey(const QString& label);
+    bool releaseKey(const QString& label);
+
+    /// The newest message.
+    bool expectMessage(int level, const QString& text);
+    bool expectNoMessage();
+
+private:
+    void settle();
+    void markMessages();
+
+    Options options;
+    std::unique_ptr<Session> session;
+    std::optional<Hand> atWork;
+    QImage indicatorsAtStart;
+    QString reason;
+    int messagesRead = 0;
+};
+
+/// One step of the tour and the picture of what it leaves.
+struct TourStep
+{
+    QString name; ///< of the picture
+    QString title;
+    std::function<bool(TourStage& stage)> perform;
+};
+
+/// A part of the tour, in a file of its own. It begins with the pendant open, whoever is logged in,
+/// and with the plugin's page in view; it leaves the pendant like that.
+using TourChapter = std::vector<TourStep>;
+
+} // namespace pendant
