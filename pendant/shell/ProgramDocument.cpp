@@ -1,5 +1,7 @@
 #include "ProgramDocument.h"
 
+#include "ProgramLine.h"
+
 #include <algorithm>
 
 namespace pendant {
@@ -26,13 +28,6 @@ ProgramDocument::Lines split(const QByteArray& text)
         from = end + 1;
     }
     return lines;
-}
-
-int indentOf(const QString& line)
-{
-    const auto* const start = std::find_if_not(line.constBegin(), line.constEnd(),
-                                               [](QChar sign) { return sign.isSpace(); });
-    return static_cast<int>(start - line.constBegin());
 }
 
 bool isComment(const QString& line)
@@ -175,6 +170,22 @@ void ProgramDocument::insert(int row, const QStringList& lines)
 void ProgramDocument::replace(int first, int count, const QStringList& lines)
 {
     change(tr("Replace"), first, count, encoded(lines));
+}
+
+// The line keeps its own end, also where the rest of the program ends otherwise.
+void ProgramDocument::replaceCode(int row, const QStringList& code)
+{
+    if (row < 0 || row >= all.size())
+        return;
+    QByteArray old = all.at(row);
+    const QByteArray end = old.endsWith(Return) ? QByteArray(1, Return) : QByteArray();
+    old.chop(end.size());
+    Lines lines;
+    for (const QString& each : code) {
+        lines << withCode(old, each) + end;
+        old.truncate(indentOf(QString::fromLatin1(old)));
+    }
+    change(tr("Replace"), row, 1, lines);
 }
 
 void ProgramDocument::remove(int first, int count)

@@ -32,6 +32,8 @@ public:
     // Changes, each one step of the history. Rows out of range are brought into it.
     void insert(int row, const QStringList& lines);
     void replace(int first, int count, const QStringList& lines);
+    /// Puts the code in the place of the line's own: indent and trailing comment stay.
+    void replaceCode(int row, const QStringList& code);
     void remove(int first, int count);
     /// One row up or down; false at the end of the program.
     bool moveUp(int first, int count);

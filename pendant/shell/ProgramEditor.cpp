@@ -1,33 +1,41 @@
 #include "ProgramEditor.h"
 
+#include "ProgramLine.h"
 #include "ProgramView.h"
 #include "Theme.h"
 
 #include <QComboBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
-
-#include <algorithm>
+#include <QSplitter>
+#include <QStyle>
+#include <QStyledItemDelegate>
 
 namespace pendant {
 
 namespace {
 
-constexpr int ButtonColumns = 5;
-constexpr int PanelWidth = 220;   // for 96 dots per inch
-constexpr int EditorHeight = 100; // for 96 dots per inch
+// For 96 dots per inch.
+constexpr int Gap = 6;
+constexpr int HandleHeight = 10;
+constexpr int PanelWidth = 190;
+constexpr int EditorHeight = 80;
+constexpr int WideEnough = 770; // for the editors' 550 and the description
 
-QString indentOf(const QString& line)
+/// Sets a property that the style sheet looks at.
+void mark(QWidget* widget, const char* property, bool on)
 {
-    const auto* const start = std::find_if_not(line.constBegin(), line.constEnd(),
-                                               [](QChar sign) { return sign.isSpace(); });
-    return line.left(static_cast<int>(start - line.constBegin()));
+    widget->setProperty(property, on);
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
 }
 
 /// A plain box with a layout, dressed as the shell is.
@@ -36,7 +44,7 @@ Layout* dressedBox(QWidget* parent)
 {
     auto* layout = new Layout(new QWidget(parent));
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(Theme::px(6));
+    layout->setSpacing(Theme::px(Gap));
     Theme::dress(layout->parentWidget());
     return layout;
 }
@@ -48,20 +56,16 @@ ProgramEditor::ProgramEditor(QWidget* parent)
     : QWidget(parent)
 {
     auto* column = new QVBoxLayout(this);
-    column->setSpacing(Theme::px(6));
-    column->setContentsMargins(Theme::px(6), Theme::px(6), Theme::px(6), Theme::px(6));
+    column->setSpacing(Theme::px(Gap));
+    column->setContentsMargins(Theme::px(Gap), Theme::px(Gap), Theme::px(Gap), Theme::px(Gap));
     column->addWidget(buildHead());
-    column->addWidget(buildMiddle(), 3);
-    column->addWidget(buildButtons());
-    editorTitle = new QLabel(this);
-    editorTitle->setObjectName(QStringLiteral("label_editor"));
-    Theme::dress(editorTitle);
-    column->addWidget(editorTitle);
-    editorPlace = new QScrollArea(this);
-    editorPlace->setObjectName(QStringLiteral("scroll_editor"));
-    editorPlace->setWidgetResizable(true);
-    editorPlace->setMinimumHeight(Theme::px(EditorHeight));
-    column->addWidget(editorPlace, 2);
+    auto* halves = new QSplitter(Qt::Vertical, this);
+    halves->setHandleWidth(Theme::px(HandleHeight));
+    halves->setChildrenCollapsible(false);
+    halves->addWidget(buildProgram());
+    halves->addWidget(buildLine());
+    halves->setSizes({5800, 4200});
+    column->addWidget(halves, 1);
     connect(&document, &ProgramDocument::changed, view, &ProgramView::select);
     connect(&document.history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
     connect(&document.history(), &QUndoStack::indexChanged, this, &ProgramEditor::enableButtons);
@@ -85,6 +89,7 @@ QAbstractButton* ProgramEditor::addButton(QWidget* parent, const char* name, con
 {
     auto* button = new QPushButton(caption, parent);
     button->setObjectName(QStringLiteral("button_") + QString::fromLatin1(name));
+    button->setProperty("narrow", true);
     connect(button, &QPushButton::clicked, this, action);
     return button;
 }
@@ -95,10 +100,12 @@ QWidget* ProgramEditor::buildHead()
     QWidget* box = row->parentWidget();
     nameLabel = new QLabel(box);
     nameLabel->setObjectName(QStringLiteral("label_program"));
+    nameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     searchField = new QLineEdit(box);
     searchField->setObjectName(QStringLiteral("edit_find"));
     searchField->setPlaceholderText(tr("Text to find"));
     row->addWidget(addButton(box, "programs", tr("Programs"), &ProgramEditor::leaveClicked));
+    row->addSpacing(Theme::px(Gap));
     row->addWidget(nameLabel, 1);
     row->addWidget(searchField, 1);
     row->addWidget(addButton(box, "find", tr("Find"), &ProgramEditor::findNext));
@@ -108,14 +115,20 @@ QWidget* ProgramEditor::buildHead()
     return box;
 }
 
-QWidget* ProgramEditor::buildMiddle()
+// The upper half: the lines and what is done with them, beside them the instructions.
+QWidget* ProgramEditor::buildProgram()
 {
-    auto* row = dressedBox<QHBoxLayout>(this);
-    view = new ProgramView(document, catalogue, row->parentWidget());
+    auto* column = dressedBox<QVBoxLayout>(this);
+    QWidget* box = column->parentWidget();
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Theme::px(Gap));
+    view = new ProgramView(document, catalogue, box);
     view->setMinimumHeight(Theme::px(80));
     row->addWidget(view, 1);
     row->addWidget(buildInstructions());
-    return row->parentWidget();
+    column->addLayout(row, 1);
+    column->addWidget(buildButtons());
+    return box;
 }
 
 QWidget* ProgramEditor::buildInstructions()
@@ -125,17 +138,14 @@ QWidget* ProgramEditor::buildInstructions()
     box->setFixedWidth(Theme::px(PanelWidth));
     groupBox = new QComboBox(box);
     groupBox->setObjectName(QStringLiteral("box_group"));
+    groupBox->setItemDelegate(new QStyledItemDelegate(groupBox)); // that the style sheet reaches
+    groupBox->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     instructionList = new QListWidget(box);
     instructionList->setObjectName(QStringLiteral("list_instructions"));
-    instructionList->setMinimumHeight(Theme::px(60));
-    description = new QLabel(box);
-    description->setObjectName(QStringLiteral("label_description"));
-    description->setWordWrap(true);
-    description->setTextFormat(Qt::PlainText);
-    description->setProperty("hint", true);
+    instructionList->setMinimumHeight(Theme::px(40));
+    instructionList->setVerticalScrollMode(QListWidget::ScrollPerPixel);
     column->addWidget(groupBox);
     column->addWidget(instructionList, 1);
-    column->addWidget(description);
     return box;
 }
 
@@ -148,9 +158,6 @@ QWidget* ProgramEditor::buildButtons()
         Action action;
     };
     const Row rows[] = {
-        {"insertBefore", tr("Insert before"), &ProgramEditor::insertBefore},
-        {"insertAfter", tr("Insert after"), &ProgramEditor::insertAfter},
-        {"replace", tr("Replace"), &ProgramEditor::replace},
         {"comment", tr("Comment"), &ProgramEditor::toggleComment},
         {"delete", tr("Delete"), &ProgramEditor::remove},
         {"moveUp", tr("Move up"), &ProgramEditor::moveUp},
@@ -159,14 +166,79 @@ QWidget* ProgramEditor::buildButtons()
         {"copy", tr("Copy"), &ProgramEditor::copy},
         {"paste", tr("Paste"), &ProgramEditor::paste},
     };
-    auto* grid = dressedBox<QGridLayout>(this);
-    int placed = 0;
-    for (const Row& row : rows) {
-        grid->addWidget(addButton(grid->parentWidget(), row.name, row.caption, row.action),
-                        placed / ButtonColumns, placed % ButtonColumns);
-        ++placed;
-    }
-    return grid->parentWidget();
+    auto* line = dressedBox<QHBoxLayout>(this);
+    for (const Row& row : rows)
+        line->addWidget(addButton(line->parentWidget(), row.name, row.caption, row.action), 1);
+    return line->parentWidget();
+}
+
+// The lower half: the editor, what it is for and where its line goes; beside it the description.
+QWidget* ProgramEditor::buildLine()
+{
+    auto* box = new QWidget(this);
+    auto* column = new QVBoxLayout(box);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(Theme::px(Gap));
+    column->addWidget(buildOffer());
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Theme::px(Gap));
+    column->addLayout(row, 1);
+    editorPlace = new QScrollArea(box);
+    editorPlace->setObjectName(QStringLiteral("scroll_editor"));
+    editorPlace->setWidgetResizable(true);
+    editorPlace->setMinimumHeight(Theme::px(EditorHeight));
+    Theme::dress(editorPlace->verticalScrollBar());
+    Theme::dress(editorPlace->horizontalScrollBar());
+    row->addWidget(editorPlace, 1);
+    row->addWidget(buildDescription());
+    return box;
+}
+
+QWidget* ProgramEditor::buildOffer()
+{
+    auto* row = dressedBox<QHBoxLayout>(this);
+    QWidget* box = row->parentWidget();
+    editorTitle = new QLabel(box);
+    editorTitle->setObjectName(QStringLiteral("label_editor"));
+    editorTitle->setWordWrap(true);
+    editorTitle->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    describeButton = new QPushButton(tr("?"), box);
+    describeButton->setObjectName(QStringLiteral("button_describe"));
+    describeButton->setToolTip(tr("Description of the instruction"));
+    describeButton->setCheckable(true);
+    row->addWidget(editorTitle, 1);
+    row->addWidget(describeButton);
+    row->addWidget(
+        addButton(box, "insertBefore", tr("Insert before"), &ProgramEditor::insertBefore));
+    row->addWidget(addButton(box, "insertAfter", tr("Insert after"), &ProgramEditor::insertAfter));
+    row->addWidget(addButton(box, "replace", tr("Replace"), &ProgramEditor::replace));
+    return box;
+}
+
+QWidget* ProgramEditor::buildDescription()
+{
+    description = new QLabel(this);
+    description->setObjectName(QStringLiteral("label_description"));
+    description->setWordWrap(true);
+    description->setTextFormat(Qt::PlainText);
+    description->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    description->setProperty("hint", true);
+    description->setFixedWidth(Theme::px(PanelWidth));
+    description->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    Theme::dress(description);
+    description->hide();
+    connect(describeButton, &QPushButton::toggled, description, &QWidget::setVisible);
+    return description;
+}
+
+// Where the editors have room beside it, the description is there unasked.
+void ProgramEditor::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const bool isWide = event->size().width() >= Theme::px(WideEnough);
+    if (isWide != (event->oldSize().width() >= Theme::px(WideEnough)))
+        describeButton->setChecked(isWide);
+    showTitle();
 }
 
 void ProgramEditor::load(const QString& name, const QByteArray& text)
@@ -175,6 +247,7 @@ void ProgramEditor::load(const QString& name, const QByteArray& text)
     document.load(text);
     showTitle();
     followSelection();
+    view->setFocus();
 }
 
 void ProgramEditor::takeInstructions()
@@ -224,7 +297,8 @@ void ProgramEditor::followSelection()
         return;
     instructionList->setCurrentItem(nullptr);
     if (view->selectedCount() != 1) {
-        closeEditor(tr("Select a line, or choose an instruction."));
+        closeEditor(document.rowCount() == 0 ? tr("The program is empty. Choose an instruction.")
+                                             : tr("Select a line, or choose an instruction."));
         return;
     }
     const QString line = document.line(view->selectedFirst());
@@ -244,6 +318,7 @@ void ProgramEditor::openEditor(int instruction, const QString* line)
     isNew = !line;
     describe(instruction);
     const QString& key = catalogue.at(instruction).key;
+    mark(editorTitle, "hint", false);
     editorTitle->setText(isNew ? tr("New: %1").arg(key)
                                : tr("Line %1: %2").arg(view->selectedFirst() + 1).arg(key));
     editor = isNew ? catalogue.makeInsertEditor(instruction, &error)
@@ -256,18 +331,30 @@ void ProgramEditor::openEditor(int instruction, const QString* line)
         editorPlace->setWidget(hint);
     } else {
         if (line)
-            editor->FillWith(*line);
+            fillWith(*line);
         editorPlace->setWidget(editor);
     }
     enableButtons();
 }
 
+// An editor gets the whole line first. It may take nothing behind the call: then it gets that
+// alone.
+void ProgramEditor::fillWith(const QString& line)
+{
+    const QString code = withoutTrailingComment(line);
+    editor->FillWith(line);
+    if (code != line)
+        editor->FillWith(code);
+}
+
 void ProgramEditor::closeEditor(const QString& hint)
 {
     delete editorPlace->takeWidget();
+    editorPlace->setWidget(new QWidget);
     edited = -1;
     isNew = false;
     editorTitle->setText(hint);
+    mark(editorTitle, "hint", true);
     description->clear();
     enableButtons();
 }
@@ -279,8 +366,14 @@ void ProgramEditor::describe(int instruction)
 
 void ProgramEditor::showTitle()
 {
-    nameLabel->setText(document.isModified() ? title + QLatin1String(" *") : title);
-    nameLabel->setToolTip(document.isModified() ? tr("Not saved yet") : QString());
+    const bool isModified = document.isModified();
+    const QString star = isModified ? QStringLiteral(" *") : QString();
+    mark(nameLabel, "modified", isModified);
+    mark(findChild<QPushButton*>(QStringLiteral("button_save")), "primary", isModified);
+    const QFontMetrics metrics = nameLabel->fontMetrics();
+    const int room = nameLabel->width() - metrics.horizontalAdvance(star);
+    nameLabel->setText(metrics.elidedText(title, Qt::ElideMiddle, room) + star);
+    nameLabel->setToolTip(isModified ? tr("%1: not saved yet").arg(title) : title);
 }
 
 void ProgramEditor::enableButtons()
@@ -357,19 +450,15 @@ void ProgramEditor::insertAfter()
     insertAt(first < 0 ? document.rowCount() : first + view->selectedCount());
 }
 
-// The new text stands where the old one stood, by its indent.
 void ProgramEditor::replace()
 {
     if (edited < 0 || view->selectedCount() != 1)
         return;
     const int row = view->selectedFirst();
-    auto lines = offeredLines(Use::Replace);
+    const auto lines = offeredLines(Use::Replace);
     if (!lines)
         return;
-    const QString indent = indentOf(document.line(row));
-    for (QString& each : *lines)
-        each.prepend(indent);
-    document.replace(row, 1, *lines);
+    document.replaceCode(row, *lines);
     followSelection();
 }
 
@@ -378,6 +467,7 @@ void ProgramEditor::remove()
     const int first = view->selectedFirst();
     document.remove(first, view->selectedCount());
     view->select(qMin(first, document.rowCount() - 1));
+    followSelection();
 }
 
 void ProgramEditor::moveUp()
@@ -417,11 +507,13 @@ void ProgramEditor::toggleComment()
 void ProgramEditor::undo()
 {
     document.history().undo();
+    followSelection();
 }
 
 void ProgramEditor::redo()
 {
     document.history().redo();
+    followSelection();
 }
 
 void ProgramEditor::findNext()

@@ -9,7 +9,6 @@
 #include <optional>
 
 class QAbstractButton;
-
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -45,14 +44,20 @@ Q_SIGNALS:
     /// Something was refused; the text says what.
     void complained(const QString& text);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     using Action = void (ProgramEditor::*)();
     enum class Use { Insert, Replace };
 
     QWidget* buildHead();
-    QWidget* buildMiddle();
-    QWidget* buildButtons();
+    QWidget* buildProgram();
     QWidget* buildInstructions();
+    QWidget* buildButtons();
+    QWidget* buildLine();
+    QWidget* buildOffer();
+    QWidget* buildDescription();
     QAbstractButton* addButton(QWidget* parent, const char* name, const QString& caption,
                                Action action);
 
@@ -60,6 +65,7 @@ private:
     void chooseInstruction();
     void followSelection();
     void openEditor(int instruction, const QString* line);
+    void fillWith(const QString& line);
     void closeEditor(const QString& hint);
     void describe(int instruction);
     void showTitle();
@@ -97,6 +103,7 @@ private:
     ProgramView* view = nullptr;
     QComboBox* groupBox = nullptr;
     QListWidget* instructionList = nullptr;
+    QAbstractButton* describeButton = nullptr;
     QLabel* description = nullptr;
     QLabel* editorTitle = nullptr;
     QScrollArea* editorPlace = nullptr;

@@ -2,9 +2,9 @@
 
 #include "InstructionCatalogue.h"
 #include "ProgramDocument.h"
+#include "ProgramLine.h"
 #include "Theme.h"
 
-#include <QFontDatabase>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -14,7 +14,8 @@ namespace pendant {
 
 namespace {
 
-constexpr int RowHeight = 30;  // for 96 dots per inch, for a finger
+constexpr int RowHeight = 36;  // for 96 dots per inch, for a finger
+constexpr int BarWidth = 4;    // for 96 dots per inch, beside a selected line
 constexpr int LongShown = 500; // characters of a line; the rest is not painted
 
 /// A stretch of a line in one colour.
@@ -22,7 +23,16 @@ struct Stretch
 {
     QString text;
     QColor colour;
+    bool isBold = false;
 };
+
+// All its characters are as wide as half a Chinese one.
+QFont programFont(QFont font)
+{
+    font.setFamilies({QStringLiteral("Noto Sans Mono CJK SC"), QStringLiteral("monospace")});
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
 
 class LineDelegate : public QStyledItemDelegate
 {
@@ -39,6 +49,8 @@ public:
                const QModelIndex& index) const override;
 
 private:
+    void paintLine(QPainter* painter, const QStyleOptionViewItem& option, int row) const;
+    void paintNumber(QPainter* painter, const QStyleOptionViewItem& option, int row) const;
     int numberWidth(const QFontMetrics& metrics) const;
     QVector<Stretch> stretches(const QString& line) const;
 
@@ -51,52 +63,72 @@ QSize LineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
 {
     const int characters = qMin(document.longestLine(), LongShown);
     return {numberWidth(option.fontMetrics) +
-                characters * option.fontMetrics.horizontalAdvance(QLatin1Char('m')) + Theme::px(16),
+                characters * option.fontMetrics.horizontalAdvance(QLatin1Char('m')) + Theme::px(12),
             Theme::px(RowHeight)};
 }
 
 int LineDelegate::numberWidth(const QFontMetrics& metrics) const
 {
     const int digits = qMax(3, QString::number(document.rowCount()).size());
-    return metrics.horizontalAdvance(QString(digits, QLatin1Char('0'))) + Theme::px(12);
+    return metrics.horizontalAdvance(QString(digits, QLatin1Char('0'))) + Theme::px(22);
 }
 
 QVector<Stretch> LineDelegate::stretches(const QString& line) const
 {
     const QColor ink(Theme::Ink);
-    const int end = line.indexOf(QLatin1String("//"));
-    const Stretch remark{end < 0 ? QString() : line.mid(end), QColor(Theme::Good)};
-    const QString code = line.left(end < 0 ? line.size() : end);
+    const int end = commentStart(line);
+    const Stretch remark{line.mid(end), QColor(Theme::Good)};
+    const QString code = line.left(end);
     if (catalogue.find(line) < 0)
         return {{code, ink}, remark};
     const auto isWord = [](QChar sign) { return sign.isLetterOrNumber() || sign.isSpace(); };
     const auto* const stop = std::find_if_not(code.constBegin(), code.constEnd(), isWord);
     const int length = static_cast<int>(stop - code.constBegin());
-    return {{code.left(length), QColor(Theme::Accent)}, {code.mid(length), ink}, remark};
+    return {{code.left(length), QColor(Theme::Accent), true}, {code.mid(length), ink}, remark};
 }
 
 void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const
 {
-    const bool selected = option.state.testFlag(QStyle::State_Selected);
     painter->save();
-    painter->setFont(option.font);
-    if (selected)
+    if (option.state.testFlag(QStyle::State_Selected))
         painter->fillRect(option.rect, QColor(Theme::Pressed));
-    QRect place = option.rect;
-    place.setWidth(numberWidth(option.fontMetrics) - Theme::px(8));
-    painter->setPen(QColor(selected ? Theme::Ink : Theme::Off));
-    painter->drawText(place, Qt::AlignRight | Qt::AlignVCenter, QString::number(index.row() + 1));
-    place = option.rect.adjusted(numberWidth(option.fontMetrics), 0, 0, 0);
-    QString line = document.line(index.row()).left(LongShown);
+    paintLine(painter, option, index.row());
+    paintNumber(painter, option, index.row());
+    painter->restore();
+}
+
+void LineDelegate::paintLine(QPainter* painter, const QStyleOptionViewItem& option, int row) const
+{
+    QRect place = option.rect.adjusted(numberWidth(option.fontMetrics) + Theme::px(6), 0, 0, 0);
+    QString line = document.line(row).left(LongShown);
     line.replace(QLatin1Char('\t'), QLatin1String("    "));
     const QVector<Stretch> all = stretches(line);
     for (const Stretch& each : all) {
+        QFont font = option.font;
+        font.setBold(each.isBold);
+        painter->setFont(font);
         painter->setPen(each.colour);
         painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter, each.text);
-        place.setLeft(place.left() + option.fontMetrics.horizontalAdvance(each.text));
+        place.setLeft(place.left() + QFontMetrics(font).horizontalAdvance(each.text));
     }
-    painter->restore();
+}
+
+// The number stays at the left edge when the line is scrolled aside.
+void LineDelegate::paintNumber(QPainter* painter, const QStyleOptionViewItem& option, int row) const
+{
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    QRect place(0, option.rect.top(), numberWidth(option.fontMetrics), option.rect.height());
+    painter->fillRect(place, QColor(isSelected ? Theme::Pressed : Theme::Ground));
+    if (isSelected)
+        painter->fillRect(QRect(place.topLeft(), QSize(Theme::px(BarWidth), place.height())),
+                          QColor(Theme::Accent));
+    QFont font = option.font;
+    font.setBold(isSelected);
+    painter->setFont(font);
+    painter->setPen(QColor(isSelected ? Theme::Ink : Theme::MutedInk));
+    painter->drawText(place.adjusted(0, 0, -Theme::px(8), 0), Qt::AlignRight | Qt::AlignVCenter,
+                      QString::number(row + 1));
 }
 
 } // namespace
@@ -106,7 +138,7 @@ ProgramView::ProgramView(ProgramDocument& document, const InstructionCatalogue& 
     : QListView(parent)
 {
     setObjectName(QStringLiteral("programView"));
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setFont(programFont(font()));
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ContiguousSelection);
@@ -146,6 +178,14 @@ void ProgramView::select(int first, int count)
     selectionModel()->select(QItemSelection(start, model()->index(last, 0)),
                              QItemSelectionModel::ClearAndSelect);
     scrollTo(start);
+}
+
+// The numbers do not move aside with the lines.
+void ProgramView::scrollContentsBy(int dx, int dy)
+{
+    QListView::scrollContentsBy(dx, dy);
+    if (dx != 0)
+        viewport()->update();
 }
 
 void ProgramView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)

@@ -27,6 +27,7 @@ Q_SIGNALS:
     void selectionMoved();
 
 protected:
+    void scrollContentsBy(int dx, int dy) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
 };

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int Done = 0;
 constexpr int Refused = -1;
+constexpr int Warning = 1; // severity of a message
 
 // A text that stays with the pendant must not share its characters with the library it came from.
 QString kept(const QString& text)
@@ -200,7 +201,12 @@ QStringList ShellBackend::pointNames()
 bool ShellBackend::addCurrentPoint(const QString& name, bool, const QString& tool,
                                    const QString& wobj)
 {
-    return machine.addCurrentPoint(kept(name), kept(tool), kept(wobj));
+    QString error;
+    const bool isDone = machine.addCurrentPoint(kept(name), kept(tool), kept(wobj), &error);
+    if (!isDone)
+        Q_EMIT messageThrown(QStringLiteral("pendant"), Warning,
+                             tr("The point \"%1\" was not stored. %2").arg(name, error));
+    return isDone;
 }
 
 } // namespace pendant

@@ -70,7 +70,7 @@ Q_SIGNALS:
                      const QList<qelplugin::PhysicalButton>& firstList,
                      const QList<qelplugin::PhysicalButton>& secondList);
     void keysSwitched(const QString& plugin, const QString& group, bool active);
-    /// 0 information, 1 warning, 2 error.
+    /// 0 information, 1 warning, 2 error. What the pendant itself says comes from "pendant".
     void messageThrown(const QString& plugin, int level, const QString& text);
 
 private:

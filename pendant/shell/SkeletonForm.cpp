@@ -3,19 +3,27 @@
 #include "Theme.h"
 
 #include <QComboBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QSpinBox>
-#include <QVBoxLayout>
+#include <QStyledItemDelegate>
 
 namespace pendant {
+
+namespace {
+
+constexpr int InputWidth = 190; // for 96 dots per inch
+
+} // namespace
 
 SkeletonForm::SkeletonForm(const Skeleton& skeleton, QWidget* parent)
     : qelplugin::RLContentBase(parent)
     , form(skeleton)
 {
     setObjectName(QStringLiteral("skeletonForm"));
-    auto* column = new QVBoxLayout(this);
-    column->setSpacing(Theme::px(4));
+    auto* grid = new QGridLayout(this);
+    grid->setHorizontalSpacing(Theme::px(12));
+    grid->setVerticalSpacing(Theme::px(6));
     Theme::dress(this);
     int number = 0;
     for (const SkeletonField& field : form.fields()) {
@@ -24,12 +32,13 @@ SkeletonForm::SkeletonForm(const Skeleton& skeleton, QWidget* parent)
         QWidget* input = addInput(field);
         input->setObjectName(QStringLiteral("input_%1").arg(++number));
         label->setBuddy(input);
-        column->addWidget(label);
-        column->addWidget(input);
+        grid->addWidget(label, number, 0);
+        grid->addWidget(input, number, 1);
     }
     if (number == 0)
-        column->addWidget(new QLabel(tr("Nothing to fill in."), this));
-    column->addStretch(1);
+        grid->addWidget(new QLabel(tr("Nothing to fill in."), this), 0, 0);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(number + 1, 1);
 }
 
 QWidget* SkeletonForm::addInput(const SkeletonField& field)
@@ -40,6 +49,8 @@ QWidget* SkeletonForm::addInput(const SkeletonField& field)
 QWidget* SkeletonForm::addChoice(const SkeletonField& field)
 {
     auto* box = new QComboBox(this);
+    box->setItemDelegate(new QStyledItemDelegate(box)); // the one that the style sheet reaches
+    box->setMinimumWidth(Theme::px(InputWidth));
     box->addItems(field.entries);
     inputs.push_back({[box] { return box->currentText(); },
                       [box](const QString& value) {
@@ -53,6 +64,9 @@ QWidget* SkeletonForm::addChoice(const SkeletonField& field)
 QWidget* SkeletonForm::addNumber(const SkeletonField& field)
 {
     auto* box = new QSpinBox(this);
+    box->setProperty("steps", true);
+    box->setAlignment(Qt::AlignCenter);
+    box->setMinimumWidth(Theme::px(InputWidth));
     box->setRange(field.minimum, field.maximum);
     inputs.push_back({[box] { return QString::number(box->value()); },
                       [box](const QString& value) {

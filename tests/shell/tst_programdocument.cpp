@@ -95,6 +95,18 @@ void TestProgramDocument::changes_data()
     row(
         "replace by fewer", "a\nb\nc\n", [](auto& it) { it.replace(0, 2, {New}); }, "new\nc\n");
     row(
+        "replace the code", "a\n  b; // c\n", [](auto& it) { it.replaceCode(1, {New}); },
+        "a\n  new // c\n");
+    row(
+        "replace the code by more", "  b; // c\n",
+        [](auto& it) {
+            it.replaceCode(0, {New, New});
+        },
+        "  new // c\n  new\n");
+    row(
+        "a line keeps its own end", "a\n b; // c\r\nd\n",
+        [](auto& it) { it.replaceCode(1, {New}); }, "a\n new // c\r\nd\n");
+    row(
         "delete", "a\nb\nc\n", [](auto& it) { it.remove(0, 2); }, "c\n");
     row(
         "delete past the end", "a\nb\n", [](auto& it) { it.remove(1, 9); }, "a\n");
@@ -142,6 +154,8 @@ void TestProgramDocument::edges()
     document.remove(0, 0);
     document.paste(0, {});
     document.insert(0, {});
+    document.replaceCode(-1, {New});
+    document.replaceCode(2, {New});
     QCOMPARE(document.history().count(), 0);
     QCOMPARE(document.line(-1), QString());
     QCOMPARE(document.line(2), QString());

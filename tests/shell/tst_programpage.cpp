@@ -145,13 +145,18 @@ private Q_SLOTS:
     void insertRefused();
     void lineOpensItsEditor();
     void asksBeforeReplace();
+    void replaceKeepsWhatStandsAround();
     void replaceRefused();
     void replaceByANewOneAsksBoth();
     void unknownLineStays();
+    void emptyProgramSaysSo();
+    void descriptionNeedsRoom();
+    void longNameIsShortened();
     void buttons_data();
     void buttons();
     void cutAndPaste();
     void undoAndRedo();
+    void undoFillsTheEditorAgain();
     void finds();
     void savesAndMarks();
     void saveFails();
@@ -162,6 +167,7 @@ private Q_SLOTS:
     void programsAreRemoved();
     void filesComeAndGo();
     void pluginsGo();
+    void pluginsComeBack();
 };
 
 void TestProgramPage::insertsByForm()
@@ -226,7 +232,8 @@ void TestProgramPage::lineOpensItsEditor()
 {
     Bench bench("  LaserOn(\"a\", 5); // x\nLaserOff();\n");
     bench.view()->select(0);
-    QCOMPARE(bench.asked.calls, QStringList({QStringLiteral("fill   LaserOn(\"a\", 5); // x")}));
+    QCOMPARE(bench.asked.calls, QStringList({QStringLiteral("fill   LaserOn(\"a\", 5); // x"),
+                                             QStringLiteral("fill   LaserOn(\"a\", 5);")}));
     QCOMPARE(bench.label("label_editor"), QStringLiteral("Line 1: LaserOn"));
     bench.view()->select(1);
     QCOMPARE(bench.label("label_editor"), QStringLiteral("Line 2: LaserOff"));
@@ -243,6 +250,17 @@ void TestProgramPage::asksBeforeReplace()
              QStringList({QStringLiteral("replace?"), QStringLiteral("build")}));
     QCOMPARE(bench.text(), QByteArray("  LaserOn(\"LsData7\");\n"));
     QCOMPARE(bench.asked.calls.last(), QStringLiteral("fill   LaserOn(\"LsData7\");"));
+}
+
+void TestProgramPage::replaceKeepsWhatStandsAround()
+{
+    Bench bench("\tLaserOn(\"a\");  // \xff here\r\nLaserOff();\n");
+    bench.view()->select(0);
+    bench.click("button_replace");
+    QCOMPARE(bench.text(), QByteArray("\tLaserOn(\"LsData7\");  // \xff here\r\nLaserOff();\n"));
+    bench.asked.text = QStringLiteral("LaserOn(\"b\"); // new");
+    bench.click("button_replace");
+    QCOMPARE(bench.text(), QByteArray("\tLaserOn(\"b\"); // new\r\nLaserOff();\n"));
 }
 
 void TestProgramPage::replaceRefused()
@@ -279,6 +297,43 @@ void TestProgramPage::unknownLineStays()
              QStringLiteral("This line is no instruction of a plugin. It is kept as it stands."));
     QVERIFY(!bench.isEnabled("button_insertAfter"));
     QVERIFY(!bench.isEnabled("button_replace"));
+}
+
+void TestProgramPage::emptyProgramSaysSo()
+{
+    Bench bench("LaserOff();\n");
+    bench.view()->select(0);
+    bench.click("button_delete");
+    QCOMPARE(bench.label("label_editor"),
+             QStringLiteral("The program is empty. Choose an instruction."));
+}
+
+// In a narrow page it is there when it is asked for.
+void TestProgramPage::descriptionNeedsRoom()
+{
+    Bench bench;
+    auto* const text = child<QLabel>(&bench.page, "label_description");
+    bench.page.resize(820, 620);
+    QTRY_VERIFY(text->isVisible());
+    bench.page.resize(600, 470);
+    QTRY_VERIFY(!text->isVisible());
+    bench.click("button_describe");
+    QVERIFY(text->isVisible());
+}
+
+void TestProgramPage::longNameIsShortened()
+{
+    Bench bench;
+    const int least = bench.page.minimumSizeHint().width();
+    const QString name(64, QLatin1Char('W'));
+    bench.cell->createProgram(name);
+    bench.page.open(name);
+    bench.choose("LaserOff");
+    bench.click("button_insertAfter");
+    const QString shown = bench.label("label_program");
+    QVERIFY(shown.size() < name.size());
+    QVERIFY(shown.endsWith(QLatin1String(" *")));
+    QCOMPARE(bench.page.minimumSizeHint().width(), least);
 }
 
 void TestProgramPage::buttons_data()
@@ -335,6 +390,19 @@ void TestProgramPage::undoAndRedo()
     QCOMPARE(bench.text(), QByteArray("a\nb\n"));
     bench.click("button_redo");
     QCOMPARE(bench.text(), QByteArray("b\n"));
+}
+
+void TestProgramPage::undoFillsTheEditorAgain()
+{
+    Bench bench("LaserOn(\"a\");\n");
+    bench.view()->select(0);
+    bench.click("button_replace");
+    for (const char* button : {"button_undo", "button_redo"}) {
+        bench.asked.calls.clear();
+        bench.click(button);
+        QCOMPARE(bench.asked.calls.value(0),
+                 QStringLiteral("fill ") + bench.editor()->program().line(0));
+    }
 }
 
 void TestProgramPage::finds()
@@ -463,6 +531,21 @@ void TestProgramPage::pluginsGo()
     QVERIFY(!bench.page.findChild<qelplugin::RLContentBase*>());
     QCOMPARE(child<QListWidget>(&bench.page, "list_instructions")->count(), 0);
     QCOMPARE(bench.text(), QByteArray("LaserOn(\"a\");\n"));
+}
+
+// What is not saved outlives a plugin that is loaded anew.
+void TestProgramPage::pluginsComeBack()
+{
+    Bench bench("LaserOn(\"a\");\nLaserOff();\n");
+    bench.view()->select(1);
+    bench.click("button_delete");
+    bench.page.dropPlugins();
+    bench.page.hide();
+    bench.page.show();
+    QVERIFY(bench.page.hasUnsaved());
+    QCOMPARE(bench.text(), QByteArray("LaserOn(\"a\");\n"));
+    QCOMPARE(child<QListWidget>(&bench.page, "list_instructions")->count(), 3);
+    QCOMPARE(bench.label("label_editor"), QStringLiteral("Line 1: LaserOn"));
 }
 
 LASERWELD_TEST_MAIN(TestProgramPage)

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void portsAndRegisters();
     void listsOfTheRobot();
     void points();
+    void refusedPointIsTold_data();
+    void refusedPointIsTold();
     void nodes();
     void labels();
     void reconnectionIsTold();
@@ -216,6 +218,41 @@ void TestShellBackend::points()
     QVERIFY(!host.addCurrentPoint(name, true, tool, workObject));
     QVERIFY(!host.addCurrentPoint(name + name, false, workObject, tool));
     QCOMPARE(host.getPointNameList(), before + QStringList(name));
+}
+
+void TestShellBackend::refusedPointIsTold_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("up");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no name") << QStringLiteral("1a") << true
+                             << QStringLiteral("The point \"1a\" was not stored. The name \"1a\" "
+                                               "cannot stand in a program. Use letters, digits "
+                                               "and underscores, and no digit first.");
+    QTest::newRow("no connection") << QStringLiteral("a1") << false
+                                   << QStringLiteral("The point \"a1\" was not stored. The "
+                                                     "connection to the controller is down. Bring "
+                                                     "it up, then try again.");
+}
+
+void TestShellBackend::refusedPointIsTold()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, up);
+    TestCell cell;
+    ShellBackend backend(*cell);
+    const QSignalSpy told(&backend, &ShellBackend::messageThrown);
+    const QString tool = cell->currentTool();
+    const QString workObject = cell->currentWorkObject();
+    cell->setConnected(up);
+    QVERIFY(!qelPluginInterface().addCurrentPoint(name, false, tool, workObject));
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told.first().at(0).toString(), QStringLiteral("pendant"));
+    QCOMPARE(told.first().at(1).toInt(), 1);
+    QTEST(told.first().at(2).toString(), "text");
+    cell->setConnected(true);
+    QVERIFY(qelPluginInterface().addCurrentPoint(QStringLiteral("a2"), false, tool, workObject));
+    QCOMPARE(told.size(), 1);
 }
 
 void TestShellBackend::nodes()
