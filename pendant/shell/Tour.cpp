@@ -11,7 +11,7 @@ namespace {
 TourChapter wholeStory()
 {
     TourChapter story;
-    for (const auto chapter : {weldSetupChapter, programsChapter, pendantChapter}) {
+    for (const auto chapter : {weldSetupChapter, pendantChapter, programsChapter}) {
         for (TourStep& step : chapter())
             story.push_back(std::move(step));
     }

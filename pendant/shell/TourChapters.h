@@ -7,9 +7,9 @@ namespace pendant {
 /// Opens the pendant; the weld setup, the hardware keys, and what a user of too low a level may
 /// not.
 TourChapter weldSetupChapter();
-/// A robot program is written, changed, saved and found again.
-TourChapter programsChapter();
 /// What the pendant has beside: its messages, faults, plugins and users.
 TourChapter pendantChapter();
+/// A robot program is written, changed, saved and found again.
+TourChapter programsChapter();
 
 } // namespace pendant

@@ -15,10 +15,12 @@ struct Panel
 
 const Panel Panels[] = {
     {"messages", "The message history", {"button_messages"}},
+    {"messages-cleared", "It is cleared", {"button_clearMessages"}},
     {"faults", "The fault panel", {"button_faults"}},
     {"controller-log", "The controller's own log", {"button_log"}},
     {"plugins", "The list of plugins", {"button_plugins"}},
     {"users", "The users", {"button_closeDrawer", "button_user"}},
+    {"user", "One of them logs in", {"button_level3"}},
 };
 
 bool pressAll(TourStage& stage, const Panel& panel)

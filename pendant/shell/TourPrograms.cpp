@@ -196,9 +196,10 @@ bool readDescription(TourStage& stage)
 
 bool setTarget(TourStage& stage)
 {
+    const QStringList before = stage.controller().pointNames();
     return touchAll(stage, Lines[0].first) &&
-           stage.expect(!stage.controller().pointNames().contains(latin(Points[0])),
-                        latin("the point is on the controller too early"));
+           stage.expect(stage.controller().pointNames() == before,
+                        latin("the controller has a point too early"));
 }
 
 bool pressInsert(TourStage& stage, std::size_t row)
