@@ -101,6 +101,7 @@ QWidget* ProgramEditor::buildHead()
     nameLabel = new QLabel(box);
     nameLabel->setObjectName(QStringLiteral("label_program"));
     nameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    nameLabel->installEventFilter(this);
     searchField = new QLineEdit(box);
     searchField->setObjectName(QStringLiteral("edit_find"));
     searchField->setPlaceholderText(tr("Text to find"));
@@ -238,7 +239,14 @@ void ProgramEditor::resizeEvent(QResizeEvent* event)
     const bool isWide = event->size().width() >= Theme::px(WideEnough);
     if (isWide != (event->oldSize().width() >= Theme::px(WideEnough)))
         describeButton->setChecked(isWide);
-    showTitle();
+}
+
+// The name is shortened to the room that it has.
+bool ProgramEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == nameLabel && event->type() == QEvent::Resize)
+        showTitle();
+    return QWidget::eventFilter(watched, event);
 }
 
 void ProgramEditor::load(const QString& name, const QByteArray& text)
