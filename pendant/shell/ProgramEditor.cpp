@@ -420,9 +420,12 @@ std::optional<QStringList> ProgramEditor::offeredLines(Use use)
 {
     const qelplugin::RlInstruction& instruction = catalogue.at(edited);
     if (editor && !permits(use)) {
-        Q_EMIT complained((use == Use::Insert ? tr("Inserting \"%1\" was refused.")
-                                              : tr("Replacing by \"%1\" was refused."))
-                              .arg(instruction.key));
+        Q_EMIT complained(
+            (use == Use::Insert
+                 ? tr("Inserting \"%1\" was refused. Check what is filled in and who is logged in.")
+                 : tr("Replacing by \"%1\" was refused. Check what is filled in and who is logged "
+                      "in."))
+                .arg(instruction.key));
         return std::nullopt;
     }
     const QString plain =

@@ -313,7 +313,8 @@ bool refuseInsert(TourStage& stage)
     return stage.logIn(TourStage::TooLow) && pickInstruction(stage, Lines[0].key) &&
            touchAll(stage, {{"cbxPoint", "never"}}) &&
            stage.clickName(latin("button_insertAfter")) &&
-           expectRefused(stage, "Inserting \"LsMoveL\" was refused.") &&
+           expectRefused(stage, "Inserting \"LsMoveL\" was refused. Check what is filled in and "
+                                "who is logged in.") &&
            stage.expect(stage.controller().pointNames() == before,
                         latin("the controller has a new point"));
 }
@@ -322,7 +323,8 @@ bool refuseReplace(TourStage& stage)
 {
     return clickRow(stage, "programView", 0) && touchAll(stage, {{"cbxSpeed", "v5"}}) &&
            stage.clickName(latin("button_replace")) &&
-           expectRefused(stage, "Replacing by \"LsMoveL\" was refused.");
+           expectRefused(stage, "Replacing by \"LsMoveL\" was refused. Check what is filled in and "
+                                "who is logged in.");
 }
 
 bool askToDelete(TourStage& stage)

@@ -224,8 +224,10 @@ void TestProgramPage::insertRefused()
     QCOMPARE(bench.text(), before);
     QCOMPARE(bench.asked.calls, QStringList({QStringLiteral("insert?")}));
     QCOMPARE(bench.complaints.size(), 1);
-    QCOMPARE(bench.complaints.first().first().toString(),
-             QStringLiteral("Inserting \"LaserOn\" was refused."));
+    QCOMPARE(
+        bench.complaints.first().first().toString(),
+        QStringLiteral(
+            "Inserting \"LaserOn\" was refused. Check what is filled in and who is logged in."));
 }
 
 void TestProgramPage::lineOpensItsEditor()
@@ -273,8 +275,10 @@ void TestProgramPage::replaceRefused()
     QCOMPARE(bench.text(), QByteArray("LaserOn(\"a\");\n"));
     QVERIFY(!bench.asked.calls.contains(QStringLiteral("build")));
     QCOMPARE(bench.complaints.size(), 2);
-    QCOMPARE(bench.complaints.first().first().toString(),
-             QStringLiteral("Replacing by \"LaserOn\" was refused."));
+    QCOMPARE(
+        bench.complaints.first().first().toString(),
+        QStringLiteral(
+            "Replacing by \"LaserOn\" was refused. Check what is filled in and who is logged in."));
 }
 
 void TestProgramPage::replaceByANewOneAsksBoth()

@@ -2,6 +2,8 @@
 #include "LampButton.h"
 #include "MainWindow.h"
 #include "Options.h"
+#include "ProgramEditor.h"
+#include "ProgramPage.h"
 #include "Session.h"
 #include "TestCase.h"
 #include "hostbackend.h"
@@ -21,6 +23,7 @@ private Q_SLOTS:
     void thePluginIsUp();
     void optionsReachTheController();
     void keyIsReleasedByTheUserWhoHoldsIt();
+    void anotherUserFindsTheProgramAsItWas();
     void endReleasesTheKeyAndUnloads();
     void secondSessionInOneProcess();
     void connectionIsToldAfterTheStart();
@@ -106,6 +109,22 @@ void TestSession::keyIsReleasedByTheUserWhoHoldsIt()
     QCOMPARE(texts(*session), QStringList({QStringLiteral("Left pressed at level 3"),
                                            QStringLiteral("Left released at level 3")}));
     QCOMPARE(qelplugin::qelPluginInterface().getUserOperateLevel(), 1);
+}
+
+// What is not saved outlives a logout.
+void TestSession::anotherUserFindsTheProgramAsItWas()
+{
+    const auto session = open();
+    auto* page = child<ProgramPage>(&session->window(), "programPage");
+    QVERIFY(page->open(QStringLiteral("example_seam")));
+    ProgramDocument& program = page->findChild<ProgramEditor*>()->program();
+    program.remove(0, 1);
+    const QByteArray before = program.text();
+    session->logIn(3);
+    session->logIn(0);
+    QVERIFY(page->hasUnsaved());
+    QCOMPARE(program.text(), before);
+    QVERIFY(program.history().canUndo());
 }
 
 void TestSession::endReleasesTheKeyAndUnloads()
