@@ -2,6 +2,7 @@
 
 #include <qelplugin.h>
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QRandomGenerator>
 #include <QStringList>
@@ -84,19 +85,61 @@ private:
     int console;
 };
 
-/// The grid's widgets as "row,column class name", in the order of their making.
+/// The key that an editor has noted; empty in those that note none.
+inline QString keyOf(const qelplugin::RLContentBase& editor)
+{
+    struct Open : qelplugin::RLContentBase
+    {
+        using RLContentBase::insName;
+    };
+    return editor.*&Open::insName;
+}
+
+/// A widget, layout or spacer of a layout: "QLabel lblPoint", "layout glyt", "spacer 20x5".
+inline QString itemText(QLayoutItem* item)
+{
+    if (const QWidget* widget = item->widget())
+        return QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') +
+               widget->objectName();
+    if (const QLayout* layout = item->layout())
+        return QStringLiteral("layout ") + layout->objectName();
+    const QSize size = item->sizeHint();
+    return QStringLiteral("spacer %1x%2").arg(size.width()).arg(size.height());
+}
+
+/// What stands in the grid as "row,column item", in the order of its making; with rows and columns
+/// behind it where it takes more than one cell: "0,1 1x3 item".
 inline QStringList gridTexts(const QGridLayout* grid)
 {
     QStringList texts;
     for (int index = 0; index < grid->count(); ++index) {
         int row = 0, column = 0, rows = 0, columns = 0;
         grid->getItemPosition(index, &row, &column, &rows, &columns);
-        const QWidget* widget = grid->itemAt(index)->widget();
-        texts << QStringLiteral("%1,%2 %3 %4")
-                     .arg(row)
-                     .arg(column)
-                     .arg(QLatin1String(widget->metaObject()->className()), widget->objectName());
+        QString text = QStringLiteral("%1,%2 ").arg(row).arg(column);
+        if (rows * columns > 1)
+            text += QStringLiteral("%1x%2 ").arg(rows).arg(columns);
+        texts << text + itemText(grid->itemAt(index));
     }
+    return texts;
+}
+
+/// What stands in the layout, in its order; a spacer that expands vertically as "vertical".
+inline QStringList outline(const QLayout* layout)
+{
+    QStringList texts;
+    for (int index = 0; index < layout->count(); ++index) {
+        QLayoutItem* item = layout->itemAt(index);
+        const bool expands = item->spacerItem() && item->expandingDirections() == Qt::Vertical;
+        texts << (expands ? QStringLiteral("vertical") : itemText(item));
+    }
+    return texts;
+}
+
+inline QStringList entries(const QComboBox* box)
+{
+    QStringList texts;
+    for (int index = 0; index < box->count(); ++index)
+        texts << box->itemText(index);
     return texts;
 }
 
@@ -109,13 +152,14 @@ inline QString randomBytes(QRandomGenerator& random)
     return random.bounded(2) == 0 ? QString::fromLatin1(bytes) : QString::fromUtf8(bytes);
 }
 
-/// A call, mostly, whose arguments are of the pieces, of bytes and of none.
-inline QString randomCall(QRandomGenerator& random, const QStringList& pieces)
+/// A call, mostly, whose arguments are of the pieces or bytes.
+inline QString randomCall(QRandomGenerator& random, const QStringList& pieces,
+                          int mostArguments = 4)
 {
     QStringList arguments;
-    for (int count = random.bounded(5); count > 0; --count) {
-        const int which = random.bounded(pieces.size() + 2);
-        arguments << (which < pieces.size() ? pieces.at(which) : randomBytes(random));
+    for (int count = random.bounded(mostArguments + 1); count > 0; --count) {
+        const bool isPiece = random.bounded(5) != 0;
+        arguments << (isPiece ? pieces.at(random.bounded(pieces.size())) : randomBytes(random));
     }
     const QString inner =
         arguments.join(random.bounded(2) ? QStringLiteral(", ") : QStringLiteral(","));

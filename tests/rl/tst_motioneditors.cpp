@@ -22,6 +22,8 @@
 namespace {
 
 using EditorTest::ContextTranslator;
+using EditorTest::gridTexts;
+using EditorTest::outline;
 using EditorTest::SilentConsole;
 using qelplugin::RLContentBase;
 using Editor = std::unique_ptr<RLContentBase>;
@@ -125,63 +127,22 @@ QString loadedAndWritten(const Motion& motion, const QString& line)
     return editor->BuildText();
 }
 
-/// A label or box with its place in the grid: "1,2 1x1 QComboBox cbxZone".
-QString cellText(const QGridLayout* grid, int index)
-{
-    int row = 0;
-    int column = 0;
-    int rows = 0;
-    int columns = 0;
-    grid->getItemPosition(index, &row, &column, &rows, &columns);
-    const QWidget* widget = grid->itemAt(index)->widget();
-    return QStringLiteral("%1,%2 %3x%4 %5 %6")
-        .arg(row)
-        .arg(column)
-        .arg(rows)
-        .arg(columns)
-        .arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName());
-}
-
-QStringList gridTexts(const QGridLayout* grid)
-{
-    QStringList texts;
-    for (int index = 0; index < grid->count(); ++index)
-        texts << cellText(grid, index);
-    return texts;
-}
-
 QStringList lowerRows(int first)
 {
     QStringList texts;
-    for (const char* text : {"%1,0 1x1 QLabel label_2", "%1,1 1x1 QComboBox cbxSpeed",
-                             "%1,2 1x1 QLabel label_5", "%1,3 1x1 QComboBox cbxZone"})
+    for (const char* text : {"%1,0 QLabel label_2", "%1,1 QComboBox cbxSpeed",
+                             "%1,2 QLabel label_5", "%1,3 QComboBox cbxZone"})
         texts << QString::fromLatin1(text).arg(first);
-    for (const char* text : {"%1,0 1x1 QLabel label", "%1,1 1x1 QComboBox cbxTool",
-                             "%1,2 1x1 QLabel label_4", "%1,3 1x1 QComboBox cbxWobj"})
+    for (const char* text : {"%1,0 QLabel label", "%1,1 QComboBox cbxTool", "%1,2 QLabel label_4",
+                             "%1,3 QComboBox cbxWobj"})
         texts << QString::fromLatin1(text).arg(first + 1);
     return texts;
 }
 
 QStringList circleRows()
 {
-    return {"0,0 1x1 QLabel label_6"_s, "0,1 1x3 QDoubleSpinBox sbxRunDeg"_s,
-            "1,0 1x1 QLabel label_7"_s, "1,1 1x3 QComboBox cbxRotType"_s};
-}
-
-/// What stands in the outer layout from top to bottom.
-QStringList outline(const QLayout* layout)
-{
-    QStringList texts;
-    for (int index = 0; index < layout->count(); ++index) {
-        const QLayoutItem* item = layout->itemAt(index);
-        if (const QSpacerItem* spacer = const_cast<QLayoutItem*>(item)->spacerItem())
-            texts << (spacer->expandingDirections() == Qt::Vertical ? "vertical"_s : "spacer"_s);
-        else if (const QWidget* widget = const_cast<QLayoutItem*>(item)->widget())
-            texts << widget->objectName();
-        else
-            texts << const_cast<QLayoutItem*>(item)->layout()->objectName();
-    }
-    return texts;
+    return {"0,0 QLabel label_6"_s, "0,1 1x3 QDoubleSpinBox sbxRunDeg"_s, "1,0 QLabel label_7"_s,
+            "1,1 1x3 QComboBox cbxRotType"_s};
 }
 
 QStringList repeated(const QStringList& names, int times)
@@ -195,47 +156,44 @@ QStringList repeated(const QStringList& names, int times)
 /// A call of any shape: names, numbers, nests, blanks, brackets, quotes, bytes.
 QString randomCall(QRandomGenerator& random)
 {
-    static const char* const pieces[] = {"p1",
-                                         "p77",
-                                         "Offs(p1,1,2,3)",
-                                         "offs(p9,1e9,nan,-inf)",
-                                         "RelTool(p2,1,2,3,4,5,6)",
-                                         "RelTool(p2,1)",
-                                         "360",
-                                         "-1e300",
-                                         "nan",
-                                         "inf",
-                                         "0x10",
-                                         "\"RotAxis\"",
-                                         "\"FixedAxis\"",
-                                         "\"",
-                                         "NULL",
-                                         "v100",
-                                         "z1",
-                                         "tool0",
-                                         "wobj2",
-                                         " wobj1 ",
-                                         "",
-                                         "(",
-                                         ")",
-                                         "((",
-                                         "Offs(",
-                                         "\n",
-                                         "\\",
-                                         "%1",
-                                         "\xE7\x84\x8A",
-                                         "RotAxis",
-                                         "//",
-                                         ";"};
-    static const char* const keys[] = {"LsMoveL", "LsMoveC", " LsMoveCF ", "x", "", "LaserOn"};
-    QString text = QString::fromUtf8(keys[random.bounded(6)]) + "("_s;
-    for (int count = random.bounded(11); count > 0; --count) {
-        text += random.bounded(5) == 0
-                    ? EditorTest::randomBytes(random)
-                    : QString::fromUtf8(pieces[random.bounded(int(std::size(pieces)))]);
-        text += random.bounded(9) != 0 ? ", "_s : QString();
-    }
-    return text + (random.bounded(12) != 0 ? ");"_s : QString());
+    static const QStringList pieces = [] {
+        QStringList all;
+        for (const char* piece : {"p1",
+                                  "p77",
+                                  "Offs(p1,1,2,3)",
+                                  "offs(p9,1e9,nan,-inf)",
+                                  "RelTool(p2,1,2,3,4,5,6)",
+                                  "RelTool(p2,1)",
+                                  "360",
+                                  "-1e300",
+                                  "nan",
+                                  "inf",
+                                  "0x10",
+                                  "\"RotAxis\"",
+                                  "\"FixedAxis\"",
+                                  "\"",
+                                  "NULL",
+                                  "v100",
+                                  "z1",
+                                  "tool0",
+                                  "wobj2",
+                                  " wobj1 ",
+                                  "",
+                                  "(",
+                                  ")",
+                                  "((",
+                                  "Offs(",
+                                  "\n",
+                                  "\\",
+                                  "%1",
+                                  "\xE7\x84\x8A",
+                                  "RotAxis",
+                                  "//",
+                                  ";"})
+            all << QString::fromUtf8(piece);
+        return all;
+    }();
+    return EditorTest::randomCall(random, pieces, 10);
 }
 
 /// Empty when all numbers lie in their ranges and all fixed lists show one of their entries.
@@ -288,6 +246,7 @@ private Q_SLOTS:
             QCOMPARE(meta->methodCount(), RLContentBase::staticMetaObject.methodCount());
             QCOMPARE((*editor)->parentWidget(), nullptr);
             QCOMPARE((*editor)->objectName(), editorName(*editor));
+            QCOMPARE(EditorTest::keyOf(**editor), QString());
         }
     }
 
@@ -306,8 +265,8 @@ private Q_SLOTS:
         Cell cell;
         QStringList rows{"vertical"_s};
         for (const auto& point : motion->points)
-            rows << QString::fromLatin1(point.first);
-        rows << "gridLayout_2"_s
+            rows << "SetUpPointWidget "_s + QString::fromLatin1(point.first);
+        rows << "layout gridLayout_2"_s
              << "vertical"_s;
         for (const auto factory : {motion->insert, motion->property}) {
             const Editor editor(factory());
@@ -378,10 +337,8 @@ private Q_SLOTS:
             QCOMPARE(runDeg(editor)->minimum(), -359.0);
             QCOMPARE(runDeg(editor)->maximum(), 3600.0);
             QCOMPARE(runDeg(editor)->value(), 360.0);
-            QStringList types;
-            for (int index = 0; index < combo(editor, "cbxRotType")->count(); ++index)
-                types << combo(editor, "cbxRotType")->itemText(index);
-            QCOMPARE(types, QStringList({"RotAxis"_s, "ConstPose"_s, "FixedAxis"_s}));
+            QCOMPARE(EditorTest::entries(combo(editor, "cbxRotType")),
+                     QStringList({"RotAxis"_s, "ConstPose"_s, "FixedAxis"_s}));
             QCOMPARE(combo(editor, "cbxRotType")->currentIndex(), 0);
         }
     }
@@ -648,6 +605,7 @@ private Q_SLOTS:
         editor->FillWith(QString::fromLatin1(motion->key) + "("_s + arguments.join(","_s) + ");"_s);
         QCOMPARE(editor->BuildText(), before);
         arguments.replaceInStrings("\""_s, "\\\""_s);
+        QVERIFY(LogFolder::lines("qellaserweld"_s).value(0).startsWith("[W|"_s));
         QCOMPARE(LogFolder::texts("qellaserweld"_s),
                  QStringList("LASER:: "_s + editorName(editor) +
                              "::FillWith  Missing required parameters! params: (\""_s +
@@ -698,6 +656,7 @@ private Q_SLOTS:
         const QString points = motion->points.size() == 1 ? "p1"_s : "p1, p3"_s;
         const QString circle = motion->circle ? "1, \"FixedAxis\", "_s : QString();
         editor->FillWith("x("_s + points + ", "_s + circle + "v10, z1, tool0);"_s);
+        QVERIFY(LogFolder::lines("qellaserweld"_s).value(0).startsWith("[W|"_s));
         QCOMPARE(LogFolder::texts("qellaserweld"_s),
                  QStringList("LASER:: "_s + editorName(editor) + "::FillWith "_s + item));
         // What came before it is set, what comes behind it is not.

@@ -304,13 +304,21 @@ void RlLaserWeldDefineTest::editors_data()
 {
     QTest::addColumn<QString>("insert");
     QTest::addColumn<QString>("property");
+    QTest::addColumn<QString>("insName");
     const QString laserOn = QStringLiteral("qelplugin::RLLaserOnInsertWidget");
     const QString paraSet = QStringLiteral("qelplugin::RLParaSetInsertWidget");
-    QTest::newRow("LaserOn") << laserOn << laserOn;
-    QTest::newRow("LsParaSet") << paraSet << paraSet;
-    QTest::newRow("LsMoveL") << latin("WMoveLInsertWidget") << latin("WMoveLPropertyWidget");
-    QTest::newRow("LsMoveC") << latin("WMoveCInsertWidget") << latin("WMoveCPropertyWidget");
-    QTest::newRow("LsMoveCF") << latin("WMoveCFInsertWidget") << latin("WMoveCFPropertyWidget");
+    const QString fixed = QStringLiteral("qelplugin::RLContentBase");
+    const auto row = [](const char* key, const QString& insert, const QString& property,
+                        const char* insName) {
+        QTest::newRow(key) << insert << property << latin(insName);
+    };
+    row("LaserOn", laserOn, laserOn, "LaserOn");
+    row("LaserOff", fixed, fixed, "");
+    row("LsParaSet", paraSet, paraSet, "LsParaSet");
+    row("LsParaMatchOff", fixed, fixed, "");
+    row("LsMoveL", latin("WMoveLInsertWidget"), latin("WMoveLPropertyWidget"), "");
+    row("LsMoveC", latin("WMoveCInsertWidget"), latin("WMoveCPropertyWidget"), "");
+    row("LsMoveCF", latin("WMoveCFInsertWidget"), latin("WMoveCFPropertyWidget"), "");
 }
 
 void RlLaserWeldDefineTest::editors()
@@ -322,6 +330,8 @@ void RlLaserWeldDefineTest::editors()
     const auto property = made(instruction.propertyEditor);
     QTEST(latin(insert->metaObject()->className()), "insert");
     QTEST(latin(property->metaObject()->className()), "property");
+    QTEST(EditorTest::keyOf(*insert), "insName");
+    QTEST(EditorTest::keyOf(*property), "insName");
     QVERIFY(!insert->parent());
     QVERIFY(!property->parent());
     QVERIFY(made(instruction.insertEditor) != insert);
@@ -357,6 +367,7 @@ void RlLaserWeldDefineTest::fixedLines()
         QVERIFY(label);
         QCOMPARE(label->text(), QStringLiteral("No parameters."));
         QCOMPARE(layout->itemAt(0)->alignment(), Qt::AlignHCenter);
+        QCOMPARE(label->alignment(), Qt::AlignHCenter);
         QVERIFY(layout->itemAt(1)->spacerItem());
     }
     QCoreApplication::removeTranslator(&translator);

@@ -1,3 +1,4 @@
+#include "EditorTest.h"
 #include "LogFolder.h"
 #include "ScriptedHost.h"
 #include "SetUpPointWidget.h"
@@ -8,6 +9,7 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -20,6 +22,11 @@ constexpr const char* AngleRow[] = {"lblAngle", "lblA", "sbxA", "lblB", "sbxB", 
 QStringList names(const char* list)
 {
     return QString::fromLatin1(list).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QStringList lines(const char* list)
+{
+    return QString::fromLatin1(list).split(QLatin1Char('|'));
 }
 
 /// The editor in its window, and what a test asks of it.
@@ -69,6 +76,8 @@ class SetUpPointWidgetTest : public TestCase
 
 private Q_SLOTS:
     void form();
+    void layouts();
+    void translation();
     void boxesOfTheForm();
     void startsPlain();
     void proposes_data();
@@ -117,6 +126,51 @@ void SetUpPointWidgetTest::form()
     QCOMPARE(editor.points()->minimumWidth(), 200);
     editor.widget.setLabelText(QStringLiteral("aux: "));
     QCOMPARE(child<QLabel>(&editor.widget, "lblPoint")->text(), QStringLiteral("aux: "));
+}
+
+void SetUpPointWidgetTest::layouts()
+{
+    const ScriptedHost host;
+    const Editor editor;
+    QCOMPARE(editor.widget.size(), QSize(594, 180));
+    const auto* outer = child<QVBoxLayout>(&editor.widget, "verticalLayout_2");
+    QCOMPARE(editor.widget.layout(), outer);
+    QCOMPARE(outer->contentsMargins(), QMargins());
+    QCOMPARE(EditorTest::outline(outer), lines("layout gridLayout|QWidget wgtPointParam"));
+    QCOMPARE(EditorTest::gridTexts(child<QGridLayout>(&editor.widget, "gridLayout")),
+             lines("0,0 QLabel lblPoint|0,1 QComboBox cbxPoint|0,2 QPushButton btnOffs|"
+                   "0,3 QPushButton btnReltool"));
+    QCOMPARE(editor.points()->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    const auto* inner = child<QVBoxLayout>(&editor.widget, "verticalLayout");
+    QCOMPARE(child<QWidget>(&editor.widget, "wgtPointParam")->layout(), inner);
+    QCOMPARE(EditorTest::outline(inner), lines("spacer 20x5|layout glyt|spacer 20x5"));
+    const auto* grid = child<QGridLayout>(&editor.widget, "glyt");
+    QCOMPARE(grid->horizontalSpacing(), 10);
+    QCOMPARE(EditorTest::gridTexts(grid),
+             lines("0,0 QLabel label_15|0,1 QLabel label_16|0,2 QDoubleSpinBox sbxX|"
+                   "0,3 QLabel label_14|0,4 QDoubleSpinBox sbxY|0,5 QLabel label_13|"
+                   "0,6 QDoubleSpinBox sbxZ|0,7 spacer 40x20|1,0 QLabel lblAngle|1,1 QLabel lblA|"
+                   "1,2 QDoubleSpinBox sbxA|1,3 QLabel lblB|1,4 QDoubleSpinBox sbxB|"
+                   "1,5 QLabel lblC|1,6 QDoubleSpinBox sbxC"));
+    QCOMPARE(grid->itemAtPosition(0, 7)->expandingDirections(), Qt::Horizontal);
+}
+
+// Two labels, and neither letters nor captions.
+void SetUpPointWidgetTest::translation()
+{
+    const ScriptedHost host;
+    EditorTest::ContextTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const Editor editor;
+    QCoreApplication::removeTranslator(&translator);
+    QStringList translated;
+    const auto labels = editor.widget.findChildren<QLabel*>();
+    for (const QLabel* label : labels)
+        translated << label->text();
+    translated << editor.offs()->text() << editor.relTool()->text();
+    QCOMPARE(translated.filter(QStringLiteral("/")),
+             (QStringList{QStringLiteral("SetUpPointWidget/Position(mm): "),
+                          QStringLiteral("SetUpPointWidget/Euler(\u00b0): ")}));
 }
 
 void SetUpPointWidgetTest::boxesOfTheForm()
@@ -282,11 +336,11 @@ void SetUpPointWidgetTest::refuses()
     editor.widget.setPointText(text);
     QCOMPARE(editor.widget.pointText(), QStringLiteral("Offs(home,1,2,3)"));
     QVERIFY(editor.isOffs());
-    QStringList lines = LogFolder::texts();
-    for (QString& line : lines)
-        line.remove(
-            QRegularExpression(QStringLiteral("^SetUpPointWidget::setPointText \\( \\d+ ")));
-    QCOMPARE(lines, warning.isEmpty() ? QStringList() : QStringList{warning});
+    QStringList logged = LogFolder::lines();
+    for (QString& line : logged)
+        line.remove(QRegularExpression(
+            QStringLiteral("^\\[W\\|[^]]+\\] SetUpPointWidget::setPointText \\( [1-9]\\d* ")));
+    QCOMPARE(logged, warning.isEmpty() ? QStringList() : QStringList{warning});
 }
 
 void SetUpPointWidgetTest::plainTextKeepsMode()
