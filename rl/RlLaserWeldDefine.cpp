@@ -27,7 +27,9 @@ public:
         , line(instructionLine)
     {
         auto* layout = new QVBoxLayout(this);
-        layout->addWidget(new QLabel(QLatin1String("No parameters.")), 0, Qt::AlignHCenter);
+        auto* label = new QLabel(QLatin1String("No parameters."));
+        label->setAlignment(Qt::AlignHCenter);
+        layout->addWidget(label, 0, Qt::AlignHCenter);
         layout->addStretch();
     }
 
