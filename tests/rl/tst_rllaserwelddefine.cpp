@@ -110,6 +110,8 @@ private Q_SLOTS:
     void withoutEditors();
     void typed_data();
     void typed();
+    void dataFactories_data();
+    void dataFactories();
     void editors_data();
     void editors();
     void fixedLines_data();
@@ -298,6 +300,33 @@ void RlLaserWeldDefineTest::typed()
     QCOMPARE(command->skeleton, key + QLatin1Char(';'));
     QVERIFY(!command->flag);
     QCOMPARE(fieldTexts(command->fields), fields);
+}
+
+void RlLaserWeldDefineTest::dataFactories_data()
+{
+    QTest::addColumn<QStringList>("classes");
+    for (const char* key : {"LsMoveL", "LsMoveC", "LsMoveCF"}) {
+        const QString motion = latin(key).replace(QStringLiteral("Ls"), QStringLiteral("W"));
+        QTest::newRow(key) << QStringList{motion + QStringLiteral("InsertWidget"),
+                                          motion + QStringLiteral("PropertyWidget")};
+    }
+}
+
+// Those that come with the typed arguments, before the two by themselves.
+void RlLaserWeldDefineTest::dataFactories()
+{
+    const QString key = latin(QTest::currentDataTag());
+    const ScriptedHost host;
+    QStringList classes;
+    RlRegistry::instance().observer = [&](const char* operation, const QStringList& texts) {
+        if (latin(operation) != QLatin1String("createInsertWidget") || texts.first() != key)
+            return;
+        for (const auto& factory : {registered(key).insertEditor, registered(key).propertyEditor})
+            classes << latin(made(factory)->metaObject()->className());
+    };
+    const RlLaserWeldDefine define(nullptr);
+    RlRegistry::instance().observer = nullptr;
+    QTEST(classes, "classes");
 }
 
 void RlLaserWeldDefineTest::editors_data()
