@@ -432,7 +432,8 @@ std::optional<QStringList> ProgramEditor::offeredLines(Use use)
         instruction.defaultText.isEmpty() ? instruction.skeleton : instruction.defaultText;
     const QString text = editor ? editor->BuildText() : plain;
     if (text.isEmpty()) {
-        Q_EMIT complained(tr("The editor of \"%1\" gives no text.").arg(instruction.key));
+        Q_EMIT complained(
+            tr("The editor of \"%1\" gives no text. Fill in its fields.").arg(instruction.key));
         return std::nullopt;
     }
     return text.split(QLatin1Char('\n'));
@@ -529,11 +530,13 @@ void ProgramEditor::redo()
 
 void ProgramEditor::findNext()
 {
-    const int row = document.find(searchField->text(), view->selectedFirst() + 1);
-    if (row < 0)
-        Q_EMIT complained(tr("\"%1\" is not in the program.").arg(searchField->text()));
-    else
+    const QString text = searchField->text();
+    const int row = document.find(text, view->selectedFirst() + 1);
+    if (row >= 0)
         view->select(row);
+    else
+        Q_EMIT complained(text.isEmpty() ? tr("Type the text to find first.")
+                                         : tr("\"%1\" is not in the program.").arg(text));
 }
 
 } // namespace pendant

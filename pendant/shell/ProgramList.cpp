@@ -52,6 +52,12 @@ QPushButton* ProgramList::addButton(const char* name, const QString& caption, Ac
     return button;
 }
 
+QString ProgramList::unreadable(const QString& name)
+{
+    return tr("The program \"%1\" cannot be read. Check the connection to the controller.")
+        .arg(name);
+}
+
 QString ProgramList::current() const
 {
     return list->currentItem() ? list->currentItem()->text() : QString();
@@ -140,21 +146,31 @@ bool ProgramList::importFile(const QString& file)
     QString error;
     const QString name = QFileInfo(file).completeBaseName();
     if (!source.open(QIODevice::ReadOnly))
-        return settle(false, tr("%1: %2").arg(file, source.errorString()), name);
+        return settle(false,
+                      tr("The file %1 cannot be read: %2. Choose another one.")
+                          .arg(file, source.errorString()),
+                      name);
     const QByteArray text = source.readAll();
-    return settle(machine.createProgram(name, &error) && machine.saveProgram(name, text, &error),
-                  error, name);
+    if (!machine.createProgram(name, &error))
+        return settle(false, error, name);
+    const bool done = machine.saveProgram(name, text, &error);
+    if (!done)
+        machine.removeProgram(name);
+    return settle(done, error, name);
 }
 
 bool ProgramList::exportFile(const QString& file)
 {
     QByteArray text;
     if (!machine.readProgram(current(), &text))
-        return settle(false, tr("The program \"%1\" cannot be read.").arg(current()), {});
+        return settle(false, unreadable(current()), {});
     QSaveFile target(file);
     const bool done =
         target.open(QIODevice::WriteOnly) && target.write(text) == text.size() && target.commit();
-    return settle(done, tr("%1: %2").arg(file, target.errorString()), current());
+    return settle(done,
+                  tr("The file %1 cannot be written: %2. Choose another place.")
+                      .arg(file, target.errorString()),
+                  current());
 }
 
 } // namespace pendant

@@ -19,6 +19,9 @@ public:
     /// Both must outlive the list.
     ProgramList(Controller& controller, QuestionPanel& question, QWidget* parent = nullptr);
 
+    /// What the operator reads when the controller does not give a program out.
+    static QString unreadable(const QString& name);
+
     /// The selected program; empty when there is none.
     QString current() const;
     void select(const QString& name);

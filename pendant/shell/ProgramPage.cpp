@@ -36,7 +36,7 @@ bool ProgramPage::open(const QString& name)
 {
     QByteArray text;
     if (!machine.readProgram(name, &text)) {
-        Q_EMIT complained(tr("The program \"%1\" cannot be read.").arg(name));
+        Q_EMIT complained(ProgramList::unreadable(name));
         return false;
     }
     editor->load(name, text);

@@ -166,6 +166,8 @@ private Q_SLOTS:
     void programsAreRenamed();
     void programsAreRemoved();
     void filesComeAndGo();
+    void fileThatIsTooLong();
+    void programThatCannotBeRead();
     void pluginsGo();
     void pluginsComeBack();
 };
@@ -420,7 +422,13 @@ void TestProgramPage::finds()
     }
     field->setText(QStringLiteral("x"));
     bench.click("button_find");
-    QCOMPARE(bench.complaints.size(), 1);
+    field->clear();
+    bench.click("button_find");
+    QCOMPARE(bench.complaints.size(), 2);
+    QCOMPARE(bench.complaints.at(0).first().toString(),
+             QStringLiteral("\"x\" is not in the program."));
+    QCOMPARE(bench.complaints.at(1).first().toString(),
+             QStringLiteral("Type the text to find first."));
 }
 
 void TestProgramPage::savesAndMarks()
@@ -524,6 +532,30 @@ void TestProgramPage::filesComeAndGo()
     QVERIFY(!list->importFile(folder.filePath(QStringLiteral("none.txt"))));
     QVERIFY(!list->exportFile(folder.filePath(QStringLiteral("none/none.txt"))));
     QCOMPARE(bench.complaints.size(), 3);
+}
+
+// Nothing of it stays on the controller.
+void TestProgramPage::fileThatIsTooLong()
+{
+    Bench bench;
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("Long.txt")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(64 * 1024 * 1024 + 1));
+    const QStringList before = bench.cell->programs();
+    QVERIFY(!bench.page.findChild<ProgramList*>()->importFile(file.fileName()));
+    QCOMPARE(bench.cell->programs(), before);
+    QCOMPARE(bench.complaints.size(), 1);
+}
+
+void TestProgramPage::programThatCannotBeRead()
+{
+    Bench bench;
+    const QByteArray before = bench.text();
+    QVERIFY(!bench.page.open(QStringLiteral("none")));
+    QCOMPARE(bench.complaints.first().first().toString(),
+             QStringLiteral("The program \"none\" cannot be read. Check the connection to the "
+                            "controller."));
+    QCOMPARE(bench.text(), before);
 }
 
 void TestProgramPage::pluginsGo()
