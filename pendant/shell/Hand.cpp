@@ -42,6 +42,21 @@ void sendKey(QWidget* widget, int key, const QString& text,
     }
 }
 
+// The list of a box is a window of its own. It takes a release for the end of the press that opened
+// it until the mouse has moved by more than a little.
+void clickInPopup(QAbstractItemView* list, const QModelIndex& index)
+{
+    sendMouse(list->viewport(), QEvent::MouseMove, list->viewport()->rect().topRight());
+    // The second time among the arrows that the first time has brought up.
+    for (int time = 0; time < 2; ++time) {
+        list->scrollTo(index);
+        QApplication::processEvents();
+    }
+    const QPoint place = list->visualRect(index).center();
+    sendMouse(list->viewport(), QEvent::MouseMove, place);
+    sendClick(list->viewport(), place);
+}
+
 // A page may be longer than its view.
 void scrollTo(QWidget* widget)
 {
@@ -149,8 +164,6 @@ bool Hand::click(QAbstractItemView* view, const QModelIndex& index)
     return true;
 }
 
-// The open list is a window of its own. It takes a release for the end of the press that opened it
-// until the mouse has moved by more than a little.
 bool Hand::choose(QComboBox* box, const QString& entry)
 {
     if (!box)
@@ -161,14 +174,9 @@ bool Hand::choose(QComboBox* box, const QString& entry)
     if (!click(box))
         return false;
     QAbstractItemView* list = box->view();
-    if (!waitFor([&] { return list->isVisible(); }))
+    if (!list->isVisible())
         return refuse(QStringLiteral("\"%1\" does not open").arg(box->objectName()));
-    const QModelIndex index = box->model()->index(row, box->modelColumn(), box->rootModelIndex());
-    list->scrollTo(index);
-    const QPoint place = list->visualRect(index).center();
-    for (const QPoint& each : {list->viewport()->rect().topRight(), place})
-        sendMouse(list->viewport(), QEvent::MouseMove, each);
-    sendClick(list->viewport(), place);
+    clickInPopup(list, box->model()->index(row, box->modelColumn(), box->rootModelIndex()));
     return (waitFor([&] { return !list->isVisible(); }) && box->currentIndex() == row) ||
            refuse(QStringLiteral("\"%1\" does not take %2").arg(box->objectName(), entry));
 }
