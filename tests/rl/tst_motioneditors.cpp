@@ -156,43 +156,12 @@ QStringList repeated(const QStringList& names, int times)
 /// A call of any shape: names, numbers, nests, blanks, brackets, quotes, bytes.
 QString randomCall(QRandomGenerator& random)
 {
-    static const QStringList pieces = [] {
-        QStringList all;
-        for (const char* piece : {"p1",
-                                  "p77",
-                                  "Offs(p1,1,2,3)",
-                                  "offs(p9,1e9,nan,-inf)",
-                                  "RelTool(p2,1,2,3,4,5,6)",
-                                  "RelTool(p2,1)",
-                                  "360",
-                                  "-1e300",
-                                  "nan",
-                                  "inf",
-                                  "0x10",
-                                  "\"RotAxis\"",
-                                  "\"FixedAxis\"",
-                                  "\"",
-                                  "NULL",
-                                  "v100",
-                                  "z1",
-                                  "tool0",
-                                  "wobj2",
-                                  " wobj1 ",
-                                  "",
-                                  "(",
-                                  ")",
-                                  "((",
-                                  "Offs(",
-                                  "\n",
-                                  "\\",
-                                  "%1",
-                                  "\xE7\x84\x8A",
-                                  "RotAxis",
-                                  "//",
-                                  ";"})
-            all << QString::fromUtf8(piece);
-        return all;
-    }();
+    static const QStringList pieces =
+        QString::fromUtf8("p1|p77|Offs(p1,1,2,3)|offs(p9,1e9,nan,-inf)|RelTool(p2,1,2,3,4,5,6)|"
+                          "RelTool(p2,1)|360|-1e300|nan|inf|0x10|\"RotAxis\"|\"FixedAxis\"|\"|NULL|"
+                          "v100|z1|tool0|wobj2| wobj1 ||(|)|((|Offs(|\n|\\|%1|\xE7\x84\x8A|RotAxis|"
+                          "//|;")
+            .split(QLatin1Char('|'));
     return EditorTest::randomCall(random, pieces, 10);
 }
 
@@ -550,26 +519,19 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("read");
         QTest::addColumn<QString>("written");
-        QTest::newRow("preset") << "360"
-                                << "360";
-        QTest::newRow("greatest") << "3600"
-                                  << "3600";
-        QTest::newRow("too great") << "3600.01"
-                                   << "3600";
-        QTest::newRow("least") << "-359"
-                               << "-359";
-        QTest::newRow("too small") << "-360"
-                                   << "-359";
-        QTest::newRow("six digits") << "1234.56"
-                                    << "1234.56";
-        QTest::newRow("beyond two decimals") << "12.346"
-                                             << "12.35";
-        QTest::newRow("no number") << "round"
-                                   << "0";
-        QTest::newRow("no finite number") << "inf"
-                                          << "3600";
-        QTest::newRow("thousandths") << "0.004"
-                                     << "0";
+        const auto row = [](const char* name, const char* read, const char* written) {
+            QTest::newRow(name) << QString::fromLatin1(read) << QString::fromLatin1(written);
+        };
+        row("preset", "360", "360");
+        row("greatest", "3600", "3600");
+        row("too great", "3600.01", "3600");
+        row("least", "-359", "-359");
+        row("too small", "-360", "-359");
+        row("six digits", "1234.56", "1234.56");
+        row("beyond two decimals", "12.346", "12.35");
+        row("no number", "round", "0");
+        row("no finite number", "inf", "3600");
+        row("thousandths", "0.004", "0");
     }
     void runAngles()
     {
