@@ -15,7 +15,6 @@
 #include <QSet>
 #include <QVBoxLayout>
 
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 
