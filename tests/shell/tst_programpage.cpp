@@ -152,6 +152,7 @@ private Q_SLOTS:
     void emptyProgramSaysSo();
     void descriptionNeedsRoom();
     void longNameIsShortened();
+    void everythingHasItsRoom();
     void buttons_data();
     void buttons();
     void cutAndPaste();
@@ -340,6 +341,27 @@ void TestProgramPage::longNameIsShortened()
     QVERIFY(shown.size() < name.size());
     QVERIFY(shown.endsWith(QLatin1String(" *")));
     QCOMPARE(bench.page.minimumSizeHint().width(), least);
+}
+
+// In the smallest window that the pendant is made for; sizes in pixels at 96 dots per inch.
+void TestProgramPage::everythingHasItsRoom()
+{
+    constexpr QSize Page(592, 484);
+    constexpr int Finger = 40;
+    constexpr int Row = 36;
+    Bench bench;
+    bench.page.resize(Page);
+    QTRY_COMPARE(bench.editor()->size(), Page);
+    QVERIFY(bench.view()->sizeHintForRow(0) >= Row);
+    QVERIFY(bench.view()->viewport()->height() >= 4 * Row);
+    QVERIFY(child<QListWidget>(&bench.page, "list_instructions")->viewport()->height() >= 3 * Row);
+    QVERIFY(child<QWidget>(&bench.page, "scroll_editor")->height() >= 3 * Finger);
+    const auto buttons = bench.editor()->findChildren<QPushButton*>();
+    for (const QPushButton* button : buttons) {
+        QVERIFY2(button->height() >= Finger, qPrintable(button->objectName()));
+        QVERIFY2(button->width() >= button->minimumSizeHint().width(),
+                 qPrintable(button->objectName()));
+    }
 }
 
 void TestProgramPage::buttons_data()
