@@ -364,6 +364,7 @@ void SetUpPointWidgetTest::loadLeavesOtherButton()
     editor.widget.setPointText(QStringLiteral("RelTool(p1,1,2,3,4,5,6)"));
     QVERIFY(Editor::has(editor.offs(), Active) && Editor::has(editor.relTool(), Active));
     editor.widget.setPointText(QStringLiteral("Offs(p1,1,2,3)"));
+    QVERIFY(Editor::has(editor.offs(), Active) && Editor::has(editor.relTool(), Active));
     QVERIFY(editor.anglesShown(false));
     QCOMPARE(editor.widget.pointText(), QStringLiteral("Offs(p1,1,2,3)"));
 }
