@@ -343,11 +343,6 @@ bool deleteProgram(TourStage& stage)
            stage.clickName(latin("button_program"));
 }
 
-TourStep step(const char* name, const char* title, bool (*perform)(TourStage&))
-{
-    return {latin(name), latin(title), perform};
-}
-
 TourStep lineStep(const char* name, const char* title, std::size_t row, const char* text,
                   bool (*perform)(TourStage&, std::size_t))
 {

@@ -88,8 +88,14 @@ struct TourStep
     std::function<bool(TourStage& stage)> perform;
 };
 
-/// A part of the tour, in a file of its own. It begins with the pendant open, whoever is logged in,
-/// and with the plugin's page in view; it leaves the pendant like that.
+/// Row of a chapter's table.
+inline TourStep step(const char* name, const char* title, bool (*perform)(TourStage& stage))
+{
+    return {latin(name), latin(title), perform};
+}
+
+/// A part of the tour, in a file of its own. But for the first one, it begins with the pendant
+/// open, whoever is logged in, and with the plugin's page in view; it leaves the pendant like that.
 using TourChapter = std::vector<TourStep>;
 
 } // namespace pendant

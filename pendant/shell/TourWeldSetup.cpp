@@ -215,9 +215,6 @@ bool releaseGas(TourStage& stage)
 
 TourChapter weldSetupChapter()
 {
-    const auto step = [](const char* name, const char* title, bool (*perform)(TourStage&)) {
-        return TourStep{latin(name), latin(title), perform};
-    };
     return {
         step("start", "The pendant starts and loads the plugin",
              [](TourStage& stage) { return stage.open(); }),
