@@ -38,6 +38,7 @@ private Q_SLOTS:
     void emptiesBothFirst();
     void inputMayBeTheName();
     void logsRefusal();
+    void logsEmptyList_data();
     void logsEmptyList();
     void logsArguments();
     void printsList_data();
@@ -178,13 +179,21 @@ void CallTextTest::logsRefusal()
                                "format. input: no call"));
 }
 
+void CallTextTest::logsEmptyList_data()
+{
+    QTest::addColumn<QString>("input");
+    QTest::newRow("nothing inside") << QStringLiteral("LaserOff();");
+    QTest::newRow("blanks inside") << QStringLiteral("LaserOff( \t );");
+}
+
 void CallTextTest::logsEmptyList()
 {
+    QFETCH(QString, input);
     const LogFolder folder;
     ConsoleCapture console;
     QString name;
     QStringList list;
-    extractFunctionAndParameters(QStringLiteral("LaserOff();"), name, list);
+    extractFunctionAndParameters(input, name, list);
     const QStringList all = texts(console.take());
     QCOMPARE(all.size(), 2);
     QVERIFY(all[0].contains(QLatin1String("[E|")));
