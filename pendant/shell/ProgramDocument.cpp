@@ -11,11 +11,6 @@ namespace {
 constexpr char LineEnd = '\n';
 constexpr char Return = '\r';
 
-QString comment()
-{
-    return QStringLiteral("//");
-}
-
 ProgramDocument::Lines split(const QByteArray& text)
 {
     ProgramDocument::Lines lines;
@@ -28,20 +23,6 @@ ProgramDocument::Lines split(const QByteArray& text)
         from = end + 1;
     }
     return lines;
-}
-
-bool isComment(const QString& line)
-{
-    return line.midRef(indentOf(line)).startsWith(comment());
-}
-
-QString withoutComment(QString line)
-{
-    const int start = indentOf(line);
-    line.remove(start, comment().size());
-    if (line.midRef(start).startsWith(QLatin1Char(' ')))
-        line.remove(start, 1);
-    return line;
 }
 
 } // namespace
@@ -224,8 +205,7 @@ void ProgramDocument::toggleComment(int first, int count)
     });
     for (QByteArray& each : lines) {
         const QString text = QString::fromLatin1(each);
-        each =
-            (areComments ? withoutComment(text) : comment() + QLatin1Char(' ') + text).toLatin1();
+        each = (areComments ? withoutComment(text) : asComment(text)).toLatin1();
     }
     change(tr("Comment"), first, lines.size(), lines);
 }

@@ -1,5 +1,6 @@
 #include "ProgramEditor.h"
 
+#include "CommentForm.h"
 #include "ProgramLine.h"
 #include "ProgramView.h"
 #include "Theme.h"
@@ -260,7 +261,8 @@ void ProgramEditor::load(const QString& name, const QByteArray& text)
 
 void ProgramEditor::takeInstructions()
 {
-    const auto& registry = qelplugin::RlRegistry::instance();
+    auto registry = qelplugin::RlRegistry::instance();
+    registry.instructions << CommentForm::instruction();
     if (registry.instructions.size() == catalogue.size())
         return;
     catalogue.load(registry);
@@ -351,7 +353,7 @@ void ProgramEditor::fillWith(const QString& line)
 {
     const QString code = withoutTrailingComment(line);
     editor->FillWith(line);
-    if (code != line)
+    if (code != line && !code.isEmpty())
         editor->FillWith(code);
 }
 

@@ -33,7 +33,8 @@ public:
     void load(const QString& name, const QByteArray& text);
     QString name() const { return title; }
 
-    /// Takes over what the plugins have registered since the last time.
+    /// Takes over what the plugins have registered since the last time, and the comment, which
+    /// stands behind it.
     void takeInstructions();
     /// Lets everything go that came from plugins.
     void dropInstructions();

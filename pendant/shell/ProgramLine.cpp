@@ -6,6 +6,11 @@ namespace pendant {
 
 namespace {
 
+QString mark()
+{
+    return QStringLiteral("//");
+}
+
 bool isBlank(QChar sign)
 {
     return sign == QLatin1Char(' ') || sign == QLatin1Char('\t');
@@ -29,13 +34,32 @@ int indentOf(const QString& line)
     return static_cast<int>(start - line.constBegin());
 }
 
+bool isComment(const QString& line)
+{
+    return line.midRef(indentOf(line)).startsWith(mark());
+}
+
+QString withoutComment(QString line)
+{
+    const int start = indentOf(line);
+    line.remove(start, mark().size());
+    if (line.midRef(start).startsWith(QLatin1Char(' ')))
+        line.remove(start, 1);
+    return line;
+}
+
+QString asComment(const QString& line)
+{
+    return mark() + QLatin1Char(' ') + line;
+}
+
 int commentStart(const QString& line)
 {
     bool isQuoted = false;
     for (int i = 0; i < line.size(); ++i) {
         if (line.at(i) == QLatin1Char('"'))
             isQuoted = !isQuoted;
-        else if (!isQuoted && line.midRef(i, 2) == QLatin1String("//"))
+        else if (!isQuoted && line.midRef(i, 2) == mark())
             return i;
     }
     return line.size();

@@ -9,6 +9,11 @@ namespace pendant {
 
 /// Blanks before the first sign of the line.
 int indentOf(const QString& line);
+/// The line is a comment and nothing else.
+bool isComment(const QString& line);
+/// A line that is a comment without its "//" and the blank behind it.
+QString withoutComment(QString line);
+QString asComment(const QString& line);
 /// Where the "//" of the line's comment stands; the size of the line when there is none. What
 /// stands between quotation marks is no comment.
 int commentStart(const QString& line);

@@ -7,6 +7,7 @@
 #include "rlregistry.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -150,6 +151,7 @@ private Q_SLOTS:
     void replaceByANewOneAsksBoth();
     void unknownLineStays();
     void emptyProgramSaysSo();
+    void commentsAreWritten();
     void descriptionNeedsRoom();
     void longNameIsShortened();
     void everythingHasItsRoom();
@@ -313,6 +315,24 @@ void TestProgramPage::emptyProgramSaysSo()
     bench.click("button_delete");
     QCOMPARE(bench.label("label_editor"),
              QStringLiteral("The program is empty. Choose an instruction."));
+}
+
+void TestProgramPage::commentsAreWritten()
+{
+    Bench bench("  // a  b\nLaserOff();\n");
+    auto* groups = child<QComboBox>(&bench.page, "box_group");
+    groups->setCurrentText(QStringLiteral("Program text"));
+    bench.view()->select(1);
+    bench.choose("// Comment");
+    child<QLineEdit>(&bench.page, "edit_comment")->setText(QStringLiteral("the end: \u7ec8"));
+    bench.click("button_insertAfter");
+    bench.view()->select(0);
+    auto* field = child<QLineEdit>(&bench.page, "edit_comment");
+    QCOMPARE(field->text(), QStringLiteral("a  b"));
+    QCOMPARE(bench.label("label_editor"), QStringLiteral("Line 1: // Comment"));
+    field->setText(QStringLiteral("c // d"));
+    bench.click("button_replace");
+    QCOMPARE(bench.text(), QByteArray("  // c // d\nLaserOff();\n// the end: \xe7\xbb\x88\n"));
 }
 
 // In a narrow page it is there when it is asked for.
