@@ -128,8 +128,11 @@ bool extractFunctionAndParameters(const QString& input, QString& functionName,
     if (call.inner.isEmpty())
         LOGE(LogTag::Short) << "LASER::" << Function << __LINE__
                             << "Extracted Parameter List: (Empty)";
-    LOGD(LogTag::Short) << "LASER::" << Function << __LINE__ << "functionName:" << functionName
-                        << ",parameterList:" << printedList(parameterList);
+    // The list comes with its quotation marks; a stream that adds some would escape them.
+    (LOGD(LogTag::Short) << "LASER::" << Function << __LINE__ << "functionName:" << functionName
+                         << ",parameterList:")
+            .noquote()
+        << printedList(parameterList);
     return true;
 }
 
