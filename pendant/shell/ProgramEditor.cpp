@@ -65,7 +65,7 @@ ProgramEditor::ProgramEditor(QWidget* parent)
     halves->setChildrenCollapsible(false);
     halves->addWidget(buildProgram());
     halves->addWidget(buildLine());
-    halves->setSizes({5800, 4200});
+    halves->setSizes({5300, 4700}); // the highest editor fits on 1024 by 768
     column->addWidget(halves, 1);
     connect(&document, &ProgramDocument::changed, view, &ProgramView::select);
     connect(&document.history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
