@@ -5,8 +5,10 @@
 #include <qelplugin.h>
 
 #include <QDebug>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QPair>
 #include <QSet>
 
 #include <algorithm>
@@ -113,16 +115,48 @@ QString fact(const QJsonObject& record, const QLatin1String (&keys)[Size])
     return {};
 }
 
+// The host is asked at each call, but what it has told before is not worked through again: a page
+// asks for the same few lists once for each of its boxes. Equal answers also share their memory,
+// so that comparing them costs nothing.
+
+/// A list of ports as the host gave it last, and in order.
+struct PortMemo
+{
+    QStringList given;
+    QStringList sorted;
+};
+
 QStringList ports(const char* kind)
 {
-    return naturallySorted(qelplugin::qelPluginInterface().getIOByType(QLatin1String(kind)));
+    static QHash<QString, PortMemo> memos;
+    const QString key = QLatin1String(kind);
+    const QStringList given = qelplugin::qelPluginInterface().getIOByType(key);
+    PortMemo& memo = memos[key];
+    if (memo.given != given)
+        memo = {given, naturallySorted(given)};
+    return memo.sorted;
 }
+
+/// Two lists of registers, and both as one in order.
+struct NumericMemo
+{
+    QStringList integers;
+    QStringList floats;
+    QStringList sorted;
+};
 
 QStringList numericRegisters(const QString& rw)
 {
-    QStringList names = filterRegisters(integerTypes(), rw) + filterRegisters(floatingTypes(), rw);
-    names.removeDuplicates();
-    return naturallySorted(names);
+    static QHash<QString, NumericMemo> memos;
+    const QStringList integers = filterRegisters(integerTypes(), rw);
+    const QStringList floats = filterRegisters(floatingTypes(), rw);
+    NumericMemo& memo = memos[rw];
+    if (memo.integers != integers || memo.floats != floats) {
+        QStringList names = integers + floats;
+        names.removeDuplicates();
+        memo = {integers, floats, naturallySorted(names)};
+    }
+    return memo.sorted;
 }
 
 // One walk over the registers. A fact is read only where it can still matter: the access and the
@@ -157,6 +191,48 @@ public:
     Direction direction;
     bool isComplete = false; ///< a register with a type, an access and a name was met
     QStringList names;
+};
+
+/// The registers that fit a filter.
+struct FilterResult
+{
+    bool isComplete = false;
+    QStringList names; ///< in order, each once
+};
+
+FilterResult filtered(const QJsonArray& registers, const QStringList& types, const QString& rw)
+{
+    RegisterWalk walk(types, rw);
+    for (const QJsonValue& each : registers) {
+        if (each.isObject())
+            walk.visit(each.toObject());
+    }
+    walk.names.removeDuplicates();
+    return {walk.isComplete, naturallySorted(walk.names)};
+}
+
+/// What the filters made of the registers that the host gave last.
+class FilterMemo
+{
+public:
+    FilterResult result(const QJsonArray& given, const QStringList& types, const QString& rw)
+    {
+        if (registers != given || results.size() >= MostFilters) {
+            results.clear();
+            registers = given;
+        }
+        const auto filter = qMakePair(types, rw);
+        auto found = results.find(filter);
+        if (found == results.end())
+            found = results.insert(filter, filtered(registers, types, rw));
+        return *found;
+    }
+
+private:
+    static constexpr int MostFilters = 16; // the pages use six
+
+    QJsonArray registers;
+    QHash<QPair<QStringList, QString>, FilterResult> results;
 };
 
 } // namespace
@@ -231,19 +307,14 @@ QStringList filterRegisters(const QStringList& types, const QString& rw)
                  "registers by type.");
         return {};
     }
-    RegisterWalk walk(types, rw);
-    const QJsonArray records = registers.toArray();
-    for (const QJsonValue& record : records) {
-        if (record.isObject())
-            walk.visit(record.toObject());
-    }
-    if (!walk.isComplete) {
+    static FilterMemo memo;
+    const FilterResult result = memo.result(registers.toArray(), types, rw);
+    if (!result.isComplete) {
         qWarning("[qellaserweld][JsonCommon] register metadata missing name/type/rw "
                  "(type/reg_type/value_type/data_type + rw/access/perm/permission/mode), cannot "
                  "filter by type and read/write.");
     }
-    walk.names.removeDuplicates();
-    return naturallySorted(walk.names);
+    return result.names;
 }
 
 bool matchesAccess(const QString& access, const QString& rw)
