@@ -115,11 +115,16 @@ void applyConfigFrameStyle(QWidget* frame)
         UiScale::styleComboRows(each);
 }
 
+void applyBaseSheet(QWidget* widget)
+{
+    UiScale::setStyleSheet(widget, QLatin1String(BaseSheet));
+}
+
 void applyBaseStyle(QWidget* widget)
 {
     if (!widget)
         return;
-    UiScale::setStyleSheet(widget, QLatin1String(BaseSheet));
+    applyBaseSheet(widget);
     const auto boxes = widget->findChildren<QComboBox*>();
     for (QComboBox* each : boxes)
         UiScale::tuneComboPopup(each, 10);

@@ -11,5 +11,7 @@ QString scrollBarStyleSheet();
 QString comboStyleSheet(QWidget* widget, int height, int radius, int arrowWidth, bool fixedHeight);
 /// Gives a configuration frame its whole style sheet.
 void applyConfigFrameStyle(QWidget* frame);
+/// Gives a configuration page its common style sheet.
+void applyBaseSheet(QWidget* widget);
 /// Gives a configuration page its common style sheet and tunes the popups of its combo boxes.
 void applyBaseStyle(QWidget* widget);

@@ -315,7 +315,9 @@ void tuneComboPopup(QComboBox* combo, int maxVisible)
     QAbstractItemView* view = combo->view();
     if (auto* list = qobject_cast<QListView*>(view)) {
         list->setUniformItemSizes(true);
-        list->setSpacing(0);
+        // It lays its rows out for each spacing that it is given.
+        if (list->spacing() != 0)
+            list->setSpacing(0);
     }
     if (view) {
         view->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
