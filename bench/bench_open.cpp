@@ -1,5 +1,6 @@
 // From the load of the plugin's library to the first painted frame of its main page, beside the
-// time in which QUiLoader builds and shows the same forms with the same style sheets.
+// time in which QUiLoader builds and shows the same forms with the same style sheets, and plain
+// code the rows of their signal tables.
 //
 // Each round is a process of its own, as a second load in the same process would find everything
 // warm. What both need of the desktop (fonts, the style, a first window) is made before the clock
@@ -10,7 +11,9 @@
 #include "StyleHelpers.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QLayout>
@@ -19,11 +22,13 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStackedWidget>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QUiLoader>
 
 #include <cstdlib>
+#include <initializer_list>
 #include <utility>
 
 using PageBench::CellHost;
@@ -115,6 +120,16 @@ void styleForms(QWidget* main, QWidget* setting, const Sheets& sheets)
     for (const char* name :
          {"frame_5", "frame", "frame_2", "frame_3", "frame_4", "frame_WireSticking"})
         named(setting, name)->setStyleSheet(sheets.frame);
+    named(main, "WeldioPage")->setStyleSheet(sheets.page);
+}
+
+QWidget* inCell(std::initializer_list<QWidget*> widgets)
+{
+    auto* cell = new QWidget;
+    auto* row = new QHBoxLayout(cell);
+    for (QWidget* each : widgets)
+        row->addWidget(each);
+    return cell;
 }
 
 /// The navigation is no part of a form, and yet it is in the picture of both.
@@ -140,6 +155,23 @@ void addNavigation(QWidget* main, const QString& sheet)
     }
 }
 
+/// The rows of the signal tables are no part of a form either: a caption, three boxes and a switch
+/// in each.
+void addSignalRows(QTableWidget* table, int rows)
+{
+    table->setRowCount(rows);
+    for (int row = 0; row < rows; ++row) {
+        table->setCellWidget(row, 1, new QLabel(QLatin1String("Signal")));
+        auto* type = new QComboBox;
+        type->addItems({QLatin1String("DO"), QLatin1String("REG")});
+        table->setCellWidget(row, 2, inCell({type}));
+        table->setCellWidget(row, 3, inCell({new QComboBox, new QComboBox}));
+        auto* toggle = new QWidget;
+        toggle->setFixedSize(50, 24);
+        table->setCellWidget(row, 4, inCell({toggle}));
+    }
+}
+
 void openWithLoader(const Sheets& sheets)
 {
     FormLoader loader;
@@ -151,6 +183,8 @@ void openWithLoader(const Sheets& sheets)
     for (const char* page : {"pages/WeldioPage.ui", "pages/CharacteristicsCurvePage.ui",
                              "pages/WeldParameterPage.ui", "pages/LaserTrackingPage.ui"})
         stack->addWidget(loader.form(page, main));
+    addSignalRows(named<QTableWidget>(main, "tableWidget_output"), 15);
+    addSignalRows(named<QTableWidget>(main, "tableWidget_input"), 9);
     addNavigation(main, sheets.button);
     styleForms(main, setting, sheets);
     stack->setCurrentWidget(setting);
