@@ -357,11 +357,8 @@ QString styleSheet(const QString& css, QWidget* widget)
     return scaleStyleSheet(css, pointFactor(widget));
 }
 
-void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf)
+void setScaledSheet(QWidget* widget, const QString& sheet)
 {
-    if (!widget)
-        return;
-    const QString sheet = styleSheet(css, scaleOf ? scaleOf : widget);
     if (widget->styleSheet() == sheet)
         return;
     // Qt goes on with the old sheet of a widget that has not been polished.
@@ -370,6 +367,12 @@ void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf)
     widget->setStyleSheet(sheet);
     if (!widget->testAttribute(Qt::WA_WState_Polished))
         repolishViews(widget);
+}
+
+void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf)
+{
+    if (widget)
+        setScaledSheet(widget, styleSheet(css, scaleOf ? scaleOf : widget));
 }
 
 } // namespace UiScale

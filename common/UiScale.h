@@ -58,6 +58,8 @@ void fixComboPopupHeight(QComboBox* combo, int maxRows);
 QString scaleStyleSheet(const QString& css, double factor);
 /// The style sheet for the widget's screen. Every sheet of the plugin goes through it.
 QString styleSheet(const QString& css, QWidget* widget);
+/// Sets a sheet that comes from styleSheet() on the widget, and nothing when it has it already.
+void setScaledSheet(QWidget* widget, const QString& sheet);
 /// Sets styleSheet(css, scaleOf) on the widget, and nothing when it has that sheet already.
 void setStyleSheet(QWidget* widget, const QString& css, QWidget* scaleOf = nullptr);
 

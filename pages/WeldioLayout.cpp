@@ -284,7 +284,7 @@ void arrangeLabel(QLabel* label, int height)
 void styleBox(QComboBox* box, const QString& sheet, int height)
 {
     UiScale::tuneComboPopup(box, 10); // first: a sheet makes the popup lay out its rows
-    UiScale::setStyleSheet(box, sheet);
+    UiScale::setScaledSheet(box, sheet);
     box->setFixedHeight(height);
 }
 
@@ -384,8 +384,8 @@ void WeldioLayout::arrangeRows(const SignalTable& table) const
 
 void WeldioLayout::arrangeBoxes(const SignalTable& table, int height) const
 {
-    const QString biasSheet = biasStyleSheet(height);
-    const QString boxSheet = boxStyleSheet(page, height);
+    const QString biasSheet = UiScale::styleSheet(biasStyleSheet(height), page);
+    const QString boxSheet = UiScale::styleSheet(boxStyleSheet(page, height), page);
     const int typeWidth = std::max(table.widget->columnWidth(Type) - UiScale::pixels(8, page),
                                    UiScale::pixels(76, page));
     for (const WeldioRow& row : *table.rows) {

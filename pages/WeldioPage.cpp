@@ -410,9 +410,10 @@ void WeldioPage::showEvent(QShowEvent* event)
     RegisterLengths::read(host.getRegisterValue());
     const QJsonValue config = host.getQelServiceData(QLatin1String(ConfigKey));
     refillPorts();
-    const auto boxes = findChildren<QComboBox*>();
-    for (QComboBox* each : boxes)
-        each->setMaxVisibleItems(10);
+    for (const WeldioRow* row : allRows()) {
+        for (QComboBox* box : {row->typeBox, row->portBox, row->biasBox})
+            box->setMaxVisibleItems(10);
+    }
     loadConfig(config);
     applyBoxFonts();
     if (retractDirectionRow && retractDirectionRow->nameLabel)
