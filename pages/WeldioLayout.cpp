@@ -12,7 +12,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
-#include <QSet>
 #include <QSignalBlocker>
 #include <QTableWidget>
 
@@ -86,37 +85,6 @@ QString boxStyleSheet(QWidget* page, int height)
 {
     return comboStyleSheet(page, std::max(height - 4, 14), std::max(4, UiScale::pixels(6, page)),
                            std::max(18, UiScale::pixels(22, page)), false);
-}
-
-/// A caption may be drawn larger than the text of the table.
-int captionWidth(const QLabel* label, const QFontMetrics& metrics)
-{
-    label->ensurePolished();
-    return std::max(metrics.horizontalAdvance(label->text()),
-                    label->fontMetrics().horizontalAdvance(label->text()));
-}
-
-/// Of all kinds that a type box can show.
-int widestKind(const QFontMetrics& metrics, const QVector<WeldioRow>& rows)
-{
-    int widest = metrics.horizontalAdvance(QLatin1String("REG"));
-    QSet<qint32> seen;
-    for (const WeldioRow& row : rows) {
-        if (seen.contains(row.typeCode))
-            continue;
-        seen.insert(row.typeCode);
-        for (const QString& item : WeldioSignals::typeItems(row.typeCode))
-            widest = std::max(widest, metrics.horizontalAdvance(item));
-    }
-    return widest;
-}
-
-int widestCaption(const QFontMetrics& metrics, const QVector<WeldioRow>& rows)
-{
-    int widest = 0;
-    for (const WeldioRow& row : rows)
-        widest = std::max(widest, captionWidth(row.nameLabel, metrics));
-    return widest;
 }
 
 int widestPort(const QFont& font, const QVector<WeldioRow>& rows)
@@ -295,30 +263,30 @@ WeldioLayout::WeldioLayout(QWidget* servedPage, const QVector<SignalTable>& sign
     , tables(signalTables)
 {}
 
-void WeldioLayout::setSheets() const
+void WeldioLayout::setSheets()
 {
     const QString sheet = tableStyleSheet(page);
-    for (const SignalTable& table : tables)
+    for (const SignalTable& table : qAsConst(tables))
         UiScale::setStyleSheet(table.widget, sheet, page);
 }
 
-void WeldioLayout::styleTables() const
+void WeldioLayout::styleTables()
 {
     setSheets();
-    for (const SignalTable& table : tables)
+    for (const SignalTable& table : qAsConst(tables))
         styleTable(table.widget);
     arrangeTables();
 }
 
-void WeldioLayout::arrangeTables() const
+void WeldioLayout::arrangeTables()
 {
-    for (const SignalTable& table : tables)
+    for (const SignalTable& table : qAsConst(tables))
         arrangeColumns(table);
-    for (const SignalTable& table : tables)
+    for (const SignalTable& table : qAsConst(tables))
         arrangeRows(table);
 }
 
-void WeldioLayout::arrangeColumns(const SignalTable& table) const
+void WeldioLayout::arrangeColumns(const SignalTable& table)
 {
     setHeaderTexts(table.widget);
     styleHeader(table.widget, UiScale::font(9, page), UiScale::pixels(28, page));
@@ -328,18 +296,16 @@ void WeldioLayout::arrangeColumns(const SignalTable& table) const
     releaseTable(table.widget);
 }
 
-QVector<int> WeldioLayout::neededColumns(const SignalTable& table) const
+QVector<int> WeldioLayout::neededColumns(const SignalTable& table)
 {
-    const QFontMetrics metrics(UiScale::font(9, page));
-    const QFontMetrics boxMetrics(UiScale::font(10, page));
     const QStringList texts = headerTexts();
-    const auto header = [&](Column column) { return metrics.horizontalAdvance(texts.at(column)); };
-    const int largestNumber = metrics.horizontalAdvance(QLatin1String("15"));
+    const auto header = [&](Column column) { return textWidth(texts.at(column)); };
+    const int largestNumber = textWidth(QLatin1String("15"));
 
     QVector<int> widths(ColumnCount);
     widths[Number] = std::max({header(Number) + 14, 44, largestNumber + 14});
-    widths[Name] = std::max({header(Name) + 14, 120, widestCaption(metrics, *table.rows) + 14});
-    widths[Type] = std::max({header(Type) + 14, 84, 40 + widestKind(boxMetrics, *table.rows), 92});
+    widths[Name] = std::max({header(Name) + 14, 120, widestCaption(table) + 14});
+    widths[Type] = std::max({header(Type) + 14, 84, 40 + widestKind(table), 92});
     widths[Assign] =
         std::max(header(Assign) + UiScale::pixels(14, page), neededAssignColumn(table));
     widths[Enable] =
@@ -348,21 +314,49 @@ QVector<int> WeldioLayout::neededColumns(const SignalTable& table) const
     return widths;
 }
 
+// A caption may be drawn larger than the text of the table.
+int WeldioLayout::widestCaption(const SignalTable& table)
+{
+    int widest = 0;
+    for (const WeldioRow& row : *table.rows) {
+        row.nameLabel->ensurePolished();
+        const QString caption = row.nameLabel->text();
+        widest = std::max(
+            {widest, textWidth(caption), captionWidths.of(caption, row.nameLabel->font())});
+    }
+    return widest;
+}
+
+int WeldioLayout::widestKind(const SignalTable& table)
+{
+    const QFont font = UiScale::font(10, page);
+    int widest = boxWidths.of(QLatin1String("REG"), font);
+    for (const WeldioRow& row : *table.rows) {
+        for (int index = 0; index < row.typeBox->count(); ++index)
+            widest = std::max(widest, boxWidths.of(row.typeBox->itemText(index), font));
+    }
+    return widest;
+}
+
+int WeldioLayout::textWidth(const QString& text)
+{
+    return tableWidths.of(text, UiScale::font(9, page));
+}
+
 // A port that is empty keeps room for one, and the bias has its own beside it.
-int WeldioLayout::neededAssignColumn(const SignalTable& table) const
+int WeldioLayout::neededAssignColumn(const SignalTable& table)
 {
     const int port = widestPort(UiScale::font(9, page), *table.rows);
     const int withPort = port > 0 ? port + UiScale::pixels(36, page) : 0;
     return biasWidth() + std::max(withPort, UiScale::pixels(96, page));
 }
 
-int WeldioLayout::biasWidth() const
+int WeldioLayout::biasWidth()
 {
-    const QFontMetrics metrics(UiScale::font(9, page));
-    return std::max(metrics.horizontalAdvance(QLatin1String("88")) + 24, 48);
+    return std::max(textWidth(QLatin1String("88")) + 24, 48);
 }
 
-void WeldioLayout::arrangeRows(const SignalTable& table) const
+void WeldioLayout::arrangeRows(const SignalTable& table)
 {
     const int count = table.widget->rowCount();
     if (count == 0)
@@ -382,7 +376,7 @@ void WeldioLayout::arrangeRows(const SignalTable& table) const
     arrangeBoxes(table, std::max(height - 8, 16));
 }
 
-void WeldioLayout::arrangeBoxes(const SignalTable& table, int height) const
+void WeldioLayout::arrangeBoxes(const SignalTable& table, int height)
 {
     const QString biasSheet = UiScale::styleSheet(biasStyleSheet(height), page);
     const QString boxSheet = UiScale::styleSheet(boxStyleSheet(page, height), page);
@@ -398,7 +392,7 @@ void WeldioLayout::arrangeBoxes(const SignalTable& table, int height) const
     }
 }
 
-void WeldioLayout::arrangeBias(QComboBox* box) const
+void WeldioLayout::arrangeBias(QComboBox* box)
 {
     WeldioRow::reselect(box);
     box->setFixedWidth(biasWidth());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TextWidths.h"
+
 #include <QComboBox>
 #include <QVector>
 
@@ -28,22 +30,29 @@ public:
     WeldioLayout(QWidget* servedPage, const QVector<SignalTable>& signalTables);
 
     /// The style sheets of all tables.
-    void setSheets() const;
+    void setSheets();
     /// Style, columns and rows of all tables.
-    void styleTables() const;
+    void styleTables();
     /// Columns and rows of all tables.
-    void arrangeTables() const;
+    void arrangeTables();
 
 private:
-    void arrangeColumns(const SignalTable& table) const;
-    QVector<int> neededColumns(const SignalTable& table) const;
-    int neededAssignColumn(const SignalTable& table) const;
-    void arrangeRows(const SignalTable& table) const;
-    void arrangeBoxes(const SignalTable& table, int height) const;
-    void arrangeBias(QComboBox* box) const;
+    void arrangeColumns(const SignalTable& table);
+    QVector<int> neededColumns(const SignalTable& table);
+    int widestCaption(const SignalTable& table);
+    int widestKind(const SignalTable& table);
+    int neededAssignColumn(const SignalTable& table);
+    void arrangeRows(const SignalTable& table);
+    void arrangeBoxes(const SignalTable& table, int height);
+    void arrangeBias(QComboBox* box);
     static void arrangePort(QComboBox* box);
-    int biasWidth() const;
+    int biasWidth();
+    int textWidth(const QString& text);
 
     QWidget* page;
     QVector<SignalTable> tables;
+    // By the font of the texts.
+    TextWidths tableWidths;
+    TextWidths boxWidths;
+    TextWidths captionWidths;
 };

@@ -131,6 +131,8 @@ WeldioPage::WeldioPage(WeldSettingPage* settingPage, QWidget* parent)
     // What is made under its sheets is not styled a second time, and makes no popup for it.
     applyBaseSheet(this);
     ui->setupUi(this);
+    tableLayout.reset(new WeldioLayout(
+        this, {{ui->tableWidget_output, &outputRows}, {ui->tableWidget_input, &inputRows}}));
     setSheets();
     UiScale::expand(this);
     ui->verticalLayout_main->setStretchFactor(ui->tabWidget_io, 1);
@@ -432,7 +434,7 @@ void WeldioPage::setSheets()
 {
     applyBaseSheet(this);
     UiScale::setStyleSheet(ui->tabWidget_io, QLatin1String(TabSheet));
-    tableLayout().setSheets();
+    tableLayout->setSheets();
 }
 
 // The sheets are set at once. The rest takes more time than all other pages together, and waits for
@@ -451,7 +453,7 @@ void WeldioPage::finishStyle()
     if (!std::exchange(styleWaits, false))
         return;
     applyBaseStyle(this);
-    tableLayout().styleTables();
+    tableLayout->styleTables();
     applyBoxFonts();
 }
 
@@ -483,14 +485,8 @@ void WeldioPage::runLayout()
 {
     layoutPending = false;
     const bool isFull = std::exchange(fullRelayout, false);
-    const WeldioLayout layout = tableLayout();
     if (isFull)
-        layout.styleTables();
+        tableLayout->styleTables();
     else
-        layout.arrangeTables();
-}
-
-WeldioLayout WeldioPage::tableLayout()
-{
-    return {this, {{ui->tableWidget_output, &outputRows}, {ui->tableWidget_input, &inputRows}}};
+        tableLayout->arrangeTables();
 }

@@ -85,12 +85,12 @@ private:
     void setSheets();
     void finishStyle();
     void applyBoxFonts();
-    WeldioLayout tableLayout();
     void requestLayout();
     void requestFullLayout();
     void runLayout();
 
     std::unique_ptr<Ui::WeldioPage> ui;
+    std::unique_ptr<WeldioLayout> tableLayout;
     QPointer<WeldSettingPage> weldSettingPage;
     PortListModels portLists;
     QVector<WeldioRow> outputRows;
