@@ -49,7 +49,7 @@ private:
     mutable int measuredWidth = -1; ///< -1 before the first question
 };
 
-/// The numbers "1" to count.
+/// The numbers "1" to count; none before the first setCount().
 class NumberListModel : public TextListModel
 {
 public:
@@ -65,7 +65,7 @@ protected:
     int rowOf(const QString& text) const override;
 
 private:
-    int count = 1;
+    int count = 0;
 };
 
 /// The models of the port boxes of one page.

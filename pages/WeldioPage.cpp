@@ -25,7 +25,6 @@
 #include <limits>
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -214,12 +213,12 @@ void WeldioPage::connectRow(const WeldioRow& row)
             [row] { row.reselectBias(); });
 }
 
-QVector<const WeldioRow*> WeldioPage::allRows() const
+std::vector<const WeldioRow*> WeldioPage::allRows() const
 {
-    QVector<const WeldioRow*> rows;
+    std::vector<const WeldioRow*> rows;
     for (const QVector<WeldioRow>* table : {&outputRows, &inputRows}) {
         for (const WeldioRow& row : *table)
-            rows << &row;
+            rows.push_back(&row);
     }
     return rows;
 }

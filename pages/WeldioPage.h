@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
 class QTableWidget;
 class WeldioLayout;
@@ -62,7 +63,7 @@ private:
     void buildAssignCell(QTableWidget* table, int number, WeldioRow& row);
     void connectRows(const QVector<WeldioRow>& rows);
     void connectRow(const WeldioRow& row);
-    QVector<const WeldioRow*> allRows() const;
+    std::vector<const WeldioRow*> allRows() const;
 
     // The record.
     void loadRow(const WeldioRow& row, const QJsonObject& record);
