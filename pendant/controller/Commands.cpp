@@ -3,6 +3,7 @@
 #include "JsonText.h"
 #include "RecordKeys.h"
 #include "RecordSchema.h"
+#include "WeldIoCheck.h"
 
 #include <algorithm>
 #include <iterator>
@@ -73,8 +74,11 @@ Result setWeldEnable(const QJsonValue& payload, Transaction& transaction)
                            .arg(jsonText(payload)));
     if (transaction.isPowered)
         return refused(ResultCode::RobotPowered, QStringLiteral("the robot is powered"));
-    transaction.device.enabled = isOn;
-    return {};
+    const Result ready =
+        isOn ? checkReadyToWeld(transaction.record(keys::weldIo), transaction.points()) : Result();
+    if (ready.isDone())
+        transaction.device.enabled = isOn;
+    return ready;
 }
 
 Result setWeldSetting(const QJsonValue& payload, Transaction& transaction)
@@ -85,11 +89,20 @@ Result setWeldSetting(const QJsonValue& payload, Transaction& transaction)
     return result;
 }
 
+Result setWeldIo(const QJsonValue& payload, Transaction& transaction)
+{
+    const Result result = checkWeldIo(payload, transaction.points());
+    if (result.isDone())
+        transaction.changes.insert(keys::weldIo, payload);
+    return result;
+}
+
 constexpr auto feedWire = moveWire<&WeldState::feeding, &WeldState::retracting>;
 constexpr auto retractWire = moveWire<&WeldState::retracting, &WeldState::feeding>;
 
 constexpr Command commands[] = {
     {"set_weld_setting_config", ReplyForm::Code, setWeldSetting},
+    {"set_weld_io_config", ReplyForm::Code, setWeldIo},
     {"set_weld_enable", ReplyForm::Flag, setWeldEnable},
     {"set_virtual_welding", ReplyForm::Code, setStatus<&WeldState::virtualWelding>},
     {"set_weld_red_light", ReplyForm::Code, setStatus<&WeldState::redLight>},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Cell.h"
+#include "IoPoints.h"
 #include "ResultCode.h"
 #include "WeldDevice.h"
 
@@ -11,12 +12,14 @@ namespace pendant {
 struct Transaction
 {
     const Cell& cell;
+    const Faults& faults;
     bool isPowered = false;
     WeldState device;
     Records changes;
 
     /// With the changes of the commands before.
     QJsonValue record(const QString& key) const;
+    IoPoints points() const { return {cell, faults}; }
 };
 
 /// How the outcome stands in "return".

@@ -9,6 +9,7 @@
 #include "ProgramStore.h"
 #include "RecordKeys.h"
 #include "WeldDevice.h"
+#include "WeldIo.h"
 
 #include <QThread>
 
@@ -75,6 +76,8 @@ struct Controller::Private
                     Transaction& transaction) const;
     Orders carryOut(const QString& plugin, const QJsonObject& data, Transaction& transaction) const;
     bool commit(const Transaction& transaction, Orders& orders);
+    IoPoints points() const { return {*cell, faults}; }
+    WeldIo::Source ioSource(const IoPoints& points) const;
     bool conclude(Controller& owner, const Transaction& transaction, Orders& orders);
 
     QStringList names(const QString& list) const;
@@ -86,6 +89,7 @@ struct Controller::Private
     std::unique_ptr<Cell> cell;
     ProgramStore programs;
     WeldDevice device;
+    WeldIo io;
     Faults faults;
     bool isPowered = false;
     bool isConnected = true;
@@ -157,6 +161,7 @@ Controller::Controller(std::unique_ptr<Private> state)
 {
     connect(&d->device, &WeldDevice::dataChanged, this,
             [this] { Q_EMIT recordChanged(keys::weldData); });
+    connect(this, &Controller::recordChanged, this, &Controller::ioChanged);
 }
 
 Controller::~Controller() = default;
@@ -185,7 +190,7 @@ QJsonArray Controller::command(const QString& plugin, const QJsonObject& data)
     if (d->faults.replyDelay > 0)
         QThread::msleep(static_cast<unsigned long>(d->faults.replyDelay));
     const Faults faults = d->faults;
-    Transaction transaction{*d->cell, d->isPowered, d->device.state(), {}};
+    Transaction transaction{*d->cell, d->faults, d->isPowered, d->device.state(), {}};
     Orders orders = d->carryOut(plugin, data, transaction);
     d->conclude(*this, transaction, orders);
     return envelope(plugin, returns(orders), faults);
@@ -214,21 +219,14 @@ QJsonArray Controller::textCommand(const QString& plugin, const QString& command
 
 QStringList Controller::ports(const QString& kind) const
 {
-    if (!d->isConnected)
-        return {};
-    QStringList names;
-    const QJsonArray list = d->cell->record(keys::ports).toObject().value(kind).toArray();
-    for (const QJsonValue& name : list)
-        names.append(name.toString());
-    return names;
+    return d->isConnected ? d->points().ports(kind) : QStringList();
 }
 
 QJsonValue Controller::registers() const
 {
     if (!d->isConnected)
         return QJsonValue::Undefined;
-    const QJsonValue list = d->cell->record(keys::registers);
-    return d->faults.registersNoArray ? QJsonObject{{keys::registers, list}} : list;
+    return shownRegisters(d->cell->record(keys::registers), d->faults);
 }
 
 QHash<QString, QStringList> Controller::registerGroups() const
@@ -243,6 +241,30 @@ QHash<QString, QStringList> Controller::registerGroups() const
             entry.value(QLatin1String("name")).toString());
     }
     return groups;
+}
+
+WeldIo::Source Controller::Private::ioSource(const IoPoints& points) const
+{
+    return {cell->record(keys::weldIo).toObject(), cell->record(keys::weldSetting).toObject(),
+            device.state(), points};
+}
+
+QVector<SignalState> Controller::ioSignals() const
+{
+    const IoPoints points = d->points();
+    return d->io.states(d->ioSource(points));
+}
+
+bool Controller::setInput(const QString& signal, double value)
+{
+    const IoPoints points = d->points();
+    const QString reason = d->io.setInput(signal, value, d->ioSource(points));
+    const QString what = QStringLiteral("input %1 to %2").arg(jsonText(signal)).arg(value);
+    Q_EMIT logged(reason.isEmpty() ? QStringLiteral("%1 done").arg(what)
+                                   : QStringLiteral("%1 refused: %2").arg(what, reason));
+    if (reason.isEmpty())
+        Q_EMIT ioChanged();
+    return reason.isEmpty();
 }
 
 QStringList Controller::Private::names(const QString& list) const
@@ -435,7 +457,7 @@ bool Controller::setVirtualWelding(bool on)
 {
     const QString name = QStringLiteral("set_virtual_welding");
     const Command* command = findCommand(name);
-    Transaction transaction{*d->cell, d->isPowered, d->device.state(), {}};
+    Transaction transaction{*d->cell, d->faults, d->isPowered, d->device.state(), {}};
     Orders orders{{name, command, command->carryOut(on, transaction)}};
     return d->conclude(*this, transaction, orders);
 }
@@ -448,6 +470,7 @@ const Faults& Controller::faults() const
 void Controller::setFaults(const Faults& faults)
 {
     d->faults = faults;
+    Q_EMIT ioChanged();
 }
 
 } // namespace pendant

@@ -6,10 +6,13 @@
 #include <QJsonValue>
 #include <QObject>
 #include <QStringList>
+#include <QVector>
 
 #include <memory>
 
 namespace pendant {
+
+struct SignalState;
 
 /// How many ports and registers a new cell gets.
 struct CellSize
@@ -27,7 +30,11 @@ struct Faults
     bool missingReturn = false; ///< the command's object has no "return"
     int returnCode = 0;         ///< refuse every command with this code when it is not 0
     bool wrongTypes = false;    ///< texts for numbers and numbers for texts in replies and records
-    bool registersNoArray = false; ///< the register list is an object
+    bool registersNoArray = false;     ///< the register list is an object
+    bool registerOtherKeys = false;    ///< its keys are those of another maker
+    bool registersUndescribed = false; ///< registers have neither a type nor an access
+    bool registerNumberNames = false;  ///< a register's name is a number
+    bool firstPortGone = false;        ///< the first port of each kind is not there
 };
 
 /// The simulated controller: records, ports, registers, the weld device, the robot's points and
@@ -60,6 +67,15 @@ public:
     QStringList ports(const QString& kind) const;
     QJsonValue registers() const;
     QHash<QString, QStringList> registerGroups() const;
+
+    // The process signals at the controller's own terminals: apart from the connection.
+
+    /// Outputs, then inputs, with their places and values. The values begin at 0 with each start.
+    QVector<SignalState> ioSignals() const;
+    /// Puts a value at an input's port or register: 0 or 1, or a number to +/-999999 that the place
+    /// can hold. False, with the reason in the log, when the signal is no input, is not mapped, or
+    /// the value does not fit.
+    bool setInput(const QString& signal, double value);
 
     // What a robot program names, and what is selected for the robot now. All lists and names are
     // empty while the connection is down.
@@ -115,6 +131,8 @@ Q_SIGNALS:
     void powerChanged(bool on);
     /// A record, by its key, holds something new.
     void recordChanged(const QString& key);
+    /// A signal of ioSignals() may be elsewhere or have another value.
+    void ioChanged();
     /// A point was added.
     void pointsChanged();
     /// A program was made, saved, renamed or removed.

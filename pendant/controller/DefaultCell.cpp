@@ -4,6 +4,7 @@
 #include "Points.h"
 #include "RecordKeys.h"
 #include "WeldDevice.h"
+#include "WeldSignals.h"
 
 #include <iterator>
 
@@ -75,51 +76,14 @@ QJsonObject defaultWeldSetting()
     };
 }
 
-/// A signal of the weld process. The type is the index of the port's kind; without a port the
-/// signal is switched off.
-struct Signal
-{
-    const char* key;
-    const char* switchKey; ///< null: the signal is always on
-    const char* port;
-};
-
-constexpr Signal weldSignals[] = {
-    {"laser_enable", nullptr, "DO1"},
-    {"power", "power_enabled", "AO1"},
-    {"frequency", "frequency_enabled", "AO2"},
-    {"duty_cycle", "duty_cycle_enabled", "AO3"},
-    {"red_light", "red_light_enabled", "DO2"},
-    {"gas_protect", nullptr, "DO3"},
-    {"wire_speed", "wire_speed_enabled", "AO4"},
-    {"wire_feed", "wire_feed_enabled", "DO4"},
-    {"retract_direction", "retract_direction_enabled", "DO5"},
-    {"manual_wire_feed", "manual_wire_feed_enabled", "DO6"},
-    {"manual_retract", "manual_retract_enabled", "DO7"},
-    {"adhesion_detection_en", "adhesion_detection_enabled", ""},
-    {"descent_signal", "descent_signal_enabled", ""},
-    {"swing_job", "swing_job_enabled", "GO1"},
-    {"process_job", "process_job_enabled", ""},
-    {"power_feedback", "power_feedback_enabled", "AI1"},
-    {"light_feedback", "light_feedback_enabled", "DI1"},
-    {"laser_alarm", "laser_alarm_enabled", "DI2"},
-    {"shield_gas_feedback", "shield_gas_feedback_enabled", "DI3"},
-    {"wire_speed_feedback", "wire_speed_feedback_enabled", "AI2"},
-    {"wire_feed_feedback", "wire_feed_feedback_enabled", "DI4"},
-    {"wire_feeder_alarm", "wire_feeder_alarm_enabled", "DI5"},
-    {"adhesion_detection_feedback", "adhesion_detection_feedback_enabled", ""},
-    {"external_alarm", "external_alarm_enabled", "DI6"},
-};
-
 QJsonObject defaultWeldIo()
 {
     QJsonObject record;
-    for (const Signal& signal : weldSignals) {
-        const QString key = QLatin1String(signal.key);
-        const QString port = QLatin1String(signal.port);
-        record.insert(key + QLatin1String("_type"), 0);
-        record.insert(key + QLatin1String("_port"), port);
-        record.insert(key + QLatin1String("_bias"), 0);
+    for (const WeldSignal& signal : weldSignals()) {
+        const QString port = QLatin1String(signal.usualPort);
+        record.insert(signal.typeKey(), 0);
+        record.insert(signal.portKey(), port);
+        record.insert(signal.biasKey(), 0);
         if (signal.switchKey)
             record.insert(QLatin1String(signal.switchKey), !port.isEmpty());
     }

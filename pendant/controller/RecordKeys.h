@@ -29,5 +29,7 @@ inline const QLatin1String position("position");
 
 // Fields that the controller itself uses.
 inline const QLatin1String manualGasTime("manual_gas_time");
+inline const QLatin1String manualFeedSpeed("manual_feed_speed");
+inline const QLatin1String manualRetractSpeed("manual_retract_speed");
 
 } // namespace pendant::keys

@@ -10,10 +10,17 @@
 namespace pendant {
 namespace {
 
+QString keyOf(const Field& field)
+{
+    return QString::fromStdString(field.key);
+}
+
 QString accepted(const Field& field)
 {
     if (field.kind == FieldKind::Switch)
         return QStringLiteral("true or false");
+    if (field.kind == FieldKind::Text)
+        return QStringLiteral("a text");
     const QString numbers =
         field.kind == FieldKind::Whole ? QStringLiteral("whole number") : QStringLiteral("number");
     return QStringLiteral("%1 from %2 to %3 %4")
@@ -28,22 +35,24 @@ bool hasType(const Field& field, const QJsonValue& value)
 {
     if (field.kind == FieldKind::Switch)
         return value.isBool();
+    if (field.kind == FieldKind::Text)
+        return value.isString();
     const double number = value.toDouble();
     return value.isDouble() && (field.kind == FieldKind::Number || std::trunc(number) == number);
 }
 
 bool isInRange(const Field& field, const QJsonValue& value)
 {
+    const bool isNumber = field.kind == FieldKind::Number || field.kind == FieldKind::Whole;
     const double number = value.toDouble();
-    return field.kind == FieldKind::Switch || (number >= field.least && number <= field.most);
+    return !isNumber || (number >= field.least && number <= field.most);
 }
 
 Result checkField(const Field& field, const QJsonValue& value)
 {
     const auto refuse = [&](ResultCode code, const QString& wrong) {
-        return refused(code,
-                       QStringLiteral("\"%1\": %2 %3; accepted: %4")
-                           .arg(QLatin1String(field.key), jsonText(value), wrong, accepted(field)));
+        return refused(code, QStringLiteral("\"%1\": %2 %3; accepted: %4")
+                                 .arg(keyOf(field), jsonText(value), wrong, accepted(field)));
     };
     if (!hasType(field, value))
         return refuse(ResultCode::WrongType, QStringLiteral("has the wrong type"));
@@ -66,7 +75,7 @@ Result RecordSchema::check(const QJsonValue& record) const
     const QJsonObject object = record.toObject();
     Result result = checkKeys(object);
     for (auto field = m_fields.cbegin(); result.isDone() && field != m_fields.cend(); ++field)
-        result = checkField(*field, object.value(QLatin1String(field->key)));
+        result = checkField(*field, object.value(keyOf(*field)));
     return result;
 }
 
@@ -80,10 +89,9 @@ Result RecordSchema::checkKeys(const QJsonObject& record) const
                     .arg(shortText(each.key()), jsonText(each.value())));
     }
     for (const Field& field : m_fields) {
-        if (!record.contains(QLatin1String(field.key)))
-            return refused(ResultCode::MissingKey,
-                           QStringLiteral("\"%1\" is missing; accepted: %2")
-                               .arg(QLatin1String(field.key), accepted(field)));
+        if (!record.contains(keyOf(field)))
+            return refused(ResultCode::MissingKey, QStringLiteral("\"%1\" is missing; accepted: %2")
+                                                       .arg(keyOf(field), accepted(field)));
     }
     return {};
 }
@@ -91,7 +99,7 @@ Result RecordSchema::checkKeys(const QJsonObject& record) const
 bool RecordSchema::hasKey(const QString& key) const
 {
     return std::any_of(m_fields.begin(), m_fields.end(),
-                       [&](const Field& field) { return QLatin1String(field.key) == key; });
+                       [&](const Field& field) { return keyOf(field) == key; });
 }
 
 const RecordSchema& weldSettingSchema()

@@ -4,6 +4,7 @@
 
 #include <QJsonValue>
 
+#include <string>
 #include <vector>
 
 namespace pendant {
@@ -12,12 +13,13 @@ enum class FieldKind {
     Switch, ///< bool
     Number, ///< may have a fraction
     Whole,  ///< number without a fraction
+    Text,   ///< may be empty
 };
 
 /// One key of a record.
 struct Field
 {
-    const char* key;
+    std::string key;
     FieldKind kind;
     double least;     ///< of a number; both limits belong to the range
     double most;      ///< of a number

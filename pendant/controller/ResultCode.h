@@ -16,6 +16,9 @@ enum class ResultCode {
     Conflict = 7,     ///< feeding and retracting exclude each other
     RobotPowered = 8, ///< not while the robot is powered
     NotStored = 9,    ///< the cell file could not be written; the cell is as it was before
+    NoSuchPort = 10,  ///< the cell has no such port or register
+    WrongRegister = 11, ///< the register cannot be read or written so, or has another type
+    NoPort = 12,        ///< a signal that is needed has no port
 };
 
 /// The outcome of a check or a command.

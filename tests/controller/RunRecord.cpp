@@ -1,5 +1,9 @@
 #include "RunRecord.h"
 
+#include "WeldSignals.h"
+
+using pendant::weldSignals;
+
 namespace {
 
 struct RunField
@@ -29,6 +33,15 @@ constexpr RunField runFields[] = {
     {"laser_check_out_time", 0, 498},
 };
 
+// The first three ports carry the number in this base, the others the number again.
+constexpr int ports = 128;
+
+int portOf(int signal, int run)
+{
+    constexpr int divisors[] = {1, ports, ports * ports};
+    return signal < 3 ? run / divisors[signal] % ports : (run + signal) % ports;
+}
+
 } // namespace
 
 QJsonObject runRecord(int run)
@@ -49,6 +62,31 @@ int runOf(const QJsonObject& record)
     const int run = record.value(QLatin1String("laser_power")).toInt(-1) +
                     powers * record.value(QLatin1String("feedback_delay")).toInt(-1);
     return run >= 0 && record == runRecord(run) ? run : -1;
+}
+
+QJsonObject runMapping(int run)
+{
+    QJsonObject record;
+    int index = 0;
+    for (const pendant::WeldSignal& signal : weldSignals()) {
+        const QString port = placeOf(signal, 0) + QString::number(portOf(index++, run) + 1);
+        record.insert(signal.typeKey(), 0);
+        record.insert(signal.portKey(), port);
+        record.insert(signal.biasKey(), 0);
+        if (signal.switchKey)
+            record.insert(QLatin1String(signal.switchKey), (run + index) % 2 == 0);
+    }
+    return record;
+}
+
+int runOfMapping(const QJsonObject& record)
+{
+    int run = 0;
+    for (int index = 2; index >= 0; --index) {
+        const QString key = weldSignals().at(static_cast<size_t>(index)).portKey();
+        run = run * ports + record.value(key).toString().midRef(2).toInt() - 1;
+    }
+    return run >= 0 && record == runMapping(run) ? run : -1;
 }
 
 QByteArray runProgram(int run)

@@ -1,5 +1,6 @@
 // Saves records or programs with rising numbers until it is killed, and tells each number that was
-// answered with success. Arguments: the cell, the first number, "record" or the program's name.
+// answered with success. Arguments: the cell, the first number, "record", "mapping" or the
+// program's name.
 
 #include "Controller.h"
 #include "RunRecord.h"
@@ -10,11 +11,10 @@
 
 namespace {
 
-bool saveRecord(pendant::Controller& controller, int run)
+bool saveRecord(pendant::Controller& controller, const QString& name, const QJsonObject& record)
 {
     const QString plugin = QStringLiteral("qelLaserWelding");
-    const QString name = QStringLiteral("set_weld_setting_config");
-    const QJsonArray reply = controller.command(plugin, {{name, runRecord(run)}});
+    const QJsonArray reply = controller.command(plugin, {{name, record}});
     const QJsonObject answers = reply.at(0).toObject().value(plugin).toObject();
     return answers.value(name).toObject().value(QLatin1String("return")) == QJsonValue(0);
 }
@@ -22,7 +22,9 @@ bool saveRecord(pendant::Controller& controller, int run)
 bool save(pendant::Controller& controller, const QString& what, int run)
 {
     if (what == QLatin1String("record"))
-        return saveRecord(controller, run);
+        return saveRecord(controller, QStringLiteral("set_weld_setting_config"), runRecord(run));
+    if (what == QLatin1String("mapping"))
+        return saveRecord(controller, QStringLiteral("set_weld_io_config"), runMapping(run));
     return controller.saveProgram(what, runProgram(run));
 }
 

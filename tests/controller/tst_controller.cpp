@@ -1,7 +1,9 @@
 #include "ControllerFixture.h"
 #include "DefaultCell.h"
 #include "FullDisk.h"
+#include "OldCell.h"
 #include "ResultCode.h"
+#include "WeldIo.h"
 
 using namespace pendant;
 
@@ -9,6 +11,7 @@ namespace {
 
 const QString plugin = QStringLiteral("qelLaserWelding");
 const QString setSetting = QStringLiteral("set_weld_setting_config");
+const QString setIo = QStringLiteral("set_weld_io_config");
 const QString setEnable = QStringLiteral("set_weld_enable");
 const QString feed = QStringLiteral("set_weld_feed_wire");
 const QString retract = QStringLiteral("set_weld_retract_wire");
@@ -17,6 +20,7 @@ const QString redLight = QStringLiteral("set_weld_red_light");
 const QString virtualWelding = QStringLiteral("set_virtual_welding");
 
 const QString setting = QStringLiteral("weld_setting_config");
+const QString weldIo = QStringLiteral("weld_io_config");
 const QString weldData = QStringLiteral("laser_weld_data");
 
 /// The envelope with one answer.
@@ -65,6 +69,15 @@ private Q_SLOTS:
     void enableSurvivesInTheRecordOnly();
     void enableRefused_data();
     void enableRefused();
+    void savesIo();
+    void refusedIoStoresNothing_data();
+    void refusedIoStoresNothing();
+    void enableNeedsPorts_data();
+    void enableNeedsPorts();
+    void enableAfterTheMappingOfTheSameCall();
+    void oldCellWithNonsense();
+    void ioFollows();
+    void inputByHand();
     void keys_data();
     void keys();
     void keysTakeBoolsOnly_data();
@@ -92,11 +105,13 @@ private Q_SLOTS:
     void faultReturnCode();
     void faultWrongTypes();
     void faultRegisters();
+    void faultPortGone();
 
 private:
     void reopen();
     void watchChanges();
     QJsonArray send(const QString& command, const QJsonValue& payload);
+    QJsonObject storedIo() const { return m_controller->serviceData(weldIo).toObject(); }
     QJsonObject stored() const { return m_controller->serviceData(setting).toObject(); }
 
     QStringList m_changed;
@@ -146,6 +161,7 @@ void ControllerTest::newCell()
     QVERIFY(m_controller->isConnected());
     // What a new cell holds is what the controller itself accepts.
     QCOMPARE(send(setSetting, stored()), reply(setSetting, ResultCode::Done));
+    QCOMPARE(send(setIo, storedIo()), reply(setIo, ResultCode::Done));
 }
 
 void ControllerTest::newWeldIo()
@@ -386,6 +402,150 @@ void ControllerTest::enableRefused()
     QVERIFY2(
         m_log.first().startsWith(QStringLiteral("set_weld_enable refused with %1: ").arg(code)),
         qPrintable(m_log.first()));
+}
+
+void ControllerTest::savesIo()
+{
+    QJsonObject record = storedIo();
+    record.insert(QStringLiteral("laser_enable_port"), QStringLiteral("DO99"));
+    record.insert(QStringLiteral("red_light_type"), 2);
+    record.insert(QStringLiteral("red_light_port"), QStringLiteral("R20"));
+    record.insert(QStringLiteral("red_light_bias"), 7);
+    QCOMPARE(send(setIo, record), reply(setIo, ResultCode::Done));
+    QCOMPARE(storedIo(), record);
+    QCOMPARE(m_changed, QStringList(weldIo));
+    reopen();
+    QCOMPARE(storedIo(), record);
+}
+
+void ControllerTest::refusedIoStoresNothing_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("value"); // undefined takes the key away
+    QTest::addColumn<int>("code");
+    const auto row = [](const char* key, const QJsonValue& value, int code) {
+        QTest::newRow(key) << QString(QLatin1String(key)) << value << code;
+    };
+    row("laser_enable_port", 1, 3);
+    row("laser_enable_bias", QJsonValue::Undefined, 4);
+    row("laser_enable_enabled", true, 5);
+    row("laser_enable_type", 1, 6);
+    row("power_port", QStringLiteral("DO1"), 10);
+    row("red_light_port", QStringLiteral(""), 12);
+}
+
+void ControllerTest::refusedIoStoresNothing()
+{
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, value);
+    QFETCH(int, code);
+    const QJsonObject before = storedIo();
+    QJsonObject record = before;
+    record.insert(key, value);
+    QCOMPARE(send(setIo, record), reply(setIo, code));
+    QCOMPARE(storedIo(), before);
+    QVERIFY(m_changed.isEmpty());
+    QCOMPARE(m_log.size(), 1);
+    QVERIFY2(m_log.first().startsWith(
+                 QStringLiteral("set_weld_io_config refused with %1: \"%2\"").arg(code).arg(key)),
+             qPrintable(m_log.first()));
+}
+
+void ControllerTest::enableNeedsPorts_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::newRow("laser") << QStringLiteral("laser_enable_port");
+    QTest::newRow("gas") << QStringLiteral("gas_protect_port");
+}
+
+void ControllerTest::enableNeedsPorts()
+{
+    QFETCH(QString, key);
+    QJsonObject record = storedIo();
+    const QJsonValue port = record.value(key);
+    record.insert(key, QString());
+    QCOMPARE(send(setIo, record), reply(setIo, ResultCode::Done));
+    m_log.clear();
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, false));
+    QCOMPARE(weldStatus(*m_controller, "weld_enable_status"), QJsonValue(false));
+    QVERIFY2(m_log.value(0).startsWith(
+                 QStringLiteral("set_weld_enable refused with 12: \"%1\" is empty").arg(key)),
+             qPrintable(m_log.value(0)));
+    QCOMPARE(send(setEnable, QStringLiteral("FALSE")), reply(setEnable, true));
+    record.insert(key, port);
+    send(setIo, record);
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, true));
+}
+
+void ControllerTest::enableAfterTheMappingOfTheSameCall()
+{
+    QJsonObject record = storedIo();
+    record.insert(QStringLiteral("gas_protect_port"), QString());
+    // The commands of a call are carried out in the order of their names.
+    const QJsonArray answered =
+        m_controller->command(plugin, {{setIo, record}, {setEnable, QStringLiteral("TRUE")}});
+    const QJsonObject answers = answered.at(0).toObject().value(plugin).toObject();
+    QCOMPARE(answers.value(setEnable), QJsonValue(QJsonObject{{QStringLiteral("return"), true}}));
+    QCOMPARE(storedIo(), record);
+}
+
+// What an older pendant has left is read as far as it goes.
+void ControllerTest::oldCellWithNonsense()
+{
+    m_controller.reset();
+    const QString file = m_folder->filePath(QStringLiteral("old"));
+    QVERIFY(makeOldCell(file));
+    QVERIFY(runSql(file, {QStringLiteral("INSERT INTO records VALUES ('weld_io_config', "
+                                         "'{\"power_type\":\"x\",\"gas_protect_port\":7}')")}));
+    QString error;
+    m_controller = Controller::open(file, {}, &error);
+    QVERIFY2(m_controller, qPrintable(error));
+    QCOMPARE(storedIo().size(), 2);
+    QCOMPARE(m_controller->ioSignals().size(), 24);
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, false));
+    QVERIFY(m_controller->setVirtualWelding(true));
+}
+
+void ControllerTest::ioFollows()
+{
+    QSignalSpy changed(m_controller.get(), &Controller::ioChanged);
+    const auto value = [&](int row) { return m_controller->ioSignals().at(row).value; };
+    send(setEnable, QStringLiteral("TRUE"));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(value(0), 1.0);
+    send(redLight, true);
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(value(4), 1.0);
+    send(setIo, storedIo());
+    QCOMPARE(changed.count(), 3);
+    m_controller->setFaults({});
+    QCOMPARE(changed.count(), 4);
+    // The terminals are there without the connection too.
+    m_controller->setConnected(false);
+    QCOMPARE(value(4), 1.0);
+    reopen();
+    QCOMPARE(value(0), 0.0);
+    QCOMPARE(value(4), 1.0);
+}
+
+void ControllerTest::inputByHand()
+{
+    QSignalSpy changed(m_controller.get(), &Controller::ioChanged);
+    const auto value = [&] { return m_controller->ioSignals().at(17).value; };
+    QVERIFY(m_controller->setInput(QStringLiteral("laser_alarm"), 1));
+    QCOMPARE(value(), 1.0);
+    QCOMPARE(changed.count(), 1);
+    QVERIFY(!m_controller->setInput(QStringLiteral("laser_alarm"), 2));
+    QVERIFY(!m_controller->setInput(QStringLiteral("red_light"), 1));
+    QCOMPARE(value(), 1.0);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(m_log, QStringList({QStringLiteral("input \"laser_alarm\" to 1 done"),
+                                 QStringLiteral("input \"laser_alarm\" to 2 refused: 2 is neither "
+                                                "0 nor 1"),
+                                 QStringLiteral("input \"red_light\" to 1 refused: there is no "
+                                                "such input")}));
+    reopen();
+    QCOMPARE(value(), 0.0);
 }
 
 void ControllerTest::keys_data()
@@ -676,6 +836,19 @@ void ControllerTest::faultRegisters()
     m_controller->setFaults(faults);
     QVERIFY(m_controller->registers().isObject());
     QVERIFY(!m_controller->registerGroups().isEmpty());
+}
+
+void ControllerTest::faultPortGone()
+{
+    Faults faults;
+    faults.firstPortGone = true;
+    m_controller->setFaults(faults);
+    QCOMPARE(m_controller->ports(QStringLiteral("DO")).first(), QStringLiteral("DO2"));
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, false));
+    QCOMPARE(send(setIo, storedIo()), reply(setIo, ResultCode::NoSuchPort));
+    m_controller->setFaults({});
+    QCOMPARE(send(setIo, storedIo()), reply(setIo, ResultCode::Done));
+    QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, true));
 }
 
 LASERWELD_CORE_TEST_MAIN(ControllerTest)

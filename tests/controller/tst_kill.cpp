@@ -12,6 +12,9 @@ using namespace pendant;
 namespace {
 
 const QString record = QStringLiteral("record");
+const QString mapping = QStringLiteral("mapping");
+const QString setting = QStringLiteral("weld_setting_config");
+const QString weldIo = QStringLiteral("weld_io_config");
 const QString program = QStringLiteral("main");
 
 /// A process that saves until it is killed.
@@ -69,11 +72,10 @@ private:
     QByteArray m_output;
 };
 
-QJsonObject storedRecord(const QString& cell, QString* error)
+QJsonObject storedRecord(const QString& cell, const QString& key, QString* error)
 {
     const auto controller = Controller::open(cell, {}, error);
-    return controller ? controller->serviceData(QStringLiteral("weld_setting_config")).toObject()
-                      : QJsonObject();
+    return controller ? controller->serviceData(key).toObject() : QJsonObject();
 }
 
 QByteArray storedProgram(const QString& cell, QString* error)
@@ -88,7 +90,11 @@ QByteArray storedProgram(const QString& cell, QString* error)
 /// The number of what is stored; -1 when it is not whole.
 int storedRun(const QString& cell, const QString& what, QString* error)
 {
-    return what == record ? runOf(storedRecord(cell, error)) : runOf(storedProgram(cell, error));
+    if (what == record)
+        return runOf(storedRecord(cell, setting, error));
+    if (what == mapping)
+        return runOfMapping(storedRecord(cell, weldIo, error));
+    return runOf(storedProgram(cell, error));
 }
 
 } // namespace
@@ -134,6 +140,7 @@ void KillTest::killedWhileSaving_data()
     // kills fall upon the steps of the save itself.
     QTest::newRow("disk") << QDir::tempPath() << 20000 << record;
     QTest::newRow("memory") << QStringLiteral("/dev/shm") << 1000 << record;
+    QTest::newRow("mapping") << QStringLiteral("/dev/shm") << 3000 << mapping;
     QTest::newRow("program") << QStringLiteral("/dev/shm") << 2000 << program;
 }
 
@@ -201,7 +208,7 @@ void KillTest::killedWhileMaking()
         QVERIFY(writer.kill());
 
         QString error;
-        const QJsonObject stored = storedRecord(cell, &error);
+        const QJsonObject stored = storedRecord(cell, setting, &error);
         QVERIFY2(error.isEmpty(), qPrintable(error));
         // Either as new or one of the run, but always whole.
         QCOMPARE(stored.size(), runRecord(0).size());
