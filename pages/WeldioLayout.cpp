@@ -7,12 +7,16 @@
 #include "WeldioPage.h"
 #include "WeldioRow.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 #include <algorithm>
@@ -58,6 +62,20 @@ const char BiasSheet[] =
     R"(selection-background-color:#007cf9;selection-color:#ffffff;})"
     R"(QComboBox QAbstractItemView::item{min-height:%1px;padding:2px 6px;})"
     R"(QComboBox QAbstractItemView::item:selected{background:#007cf9;color:#ffffff;})";
+
+/// Lets a cell reach over the lines of the grid, where its own lines are drawn. By itself Qt keeps
+/// it within the padding of an item, and its lines beside those of the grid.
+class WholeCellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex&) const override
+    {
+        editor->setGeometry(option.rect.adjusted(0, 0, 1, 1));
+    }
+};
 
 const char LabelSheet[] = "background:transparent;border:none;";
 const char CellSheet[] = "background:transparent;border:none;border-bottom:1px solid #e8e8e8;";
@@ -165,6 +183,15 @@ void releaseTable(QTableWidget* table)
     clearAlignment(table);
 }
 
+void showWholeCells(QTableWidget* table)
+{
+    if (table->itemDelegateForColumn(Type))
+        return;
+    auto* delegate = new WholeCellDelegate(table);
+    for (const Column column : {Type, Assign, Enable})
+        table->setItemDelegateForColumn(column, delegate);
+}
+
 void styleTable(QTableWidget* table)
 {
     if (table->frameStyle() != QFrame::NoFrame)
@@ -174,6 +201,7 @@ void styleTable(QTableWidget* table)
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     table->verticalHeader()->setVisible(false);
+    showWholeCells(table);
     // By itself Qt keeps a row as high as its text with some air.
     if (table->verticalHeader()->minimumSectionSize() != LowestRow)
         table->verticalHeader()->setMinimumSectionSize(LowestRow);
@@ -254,6 +282,15 @@ void styleBox(QComboBox* box, const QString& sheet, int height)
     UiScale::tuneComboPopup(box, 10); // first: a sheet makes the popup lay out its rows
     UiScale::setScaledSheet(box, sheet);
     box->setFixedHeight(height);
+}
+
+/// A popup that has not been shown keeps the frame that it was made with.
+void refreshFrame(QAbstractItemView* view)
+{
+    if (view->contentsMargins().left() == view->frameWidth())
+        return;
+    QEvent change(QEvent::StyleChange);
+    QCoreApplication::sendEvent(view, &change);
 }
 
 } // namespace
@@ -394,6 +431,7 @@ void WeldioLayout::arrangeBoxes(const SignalTable& table, int height)
 
 void WeldioLayout::arrangeBias(QComboBox* box)
 {
+    refreshFrame(box->view());
     WeldioRow::reselect(box);
     box->setFixedWidth(biasWidth());
     setPolicy(box, QSizePolicy::Fixed, QSizePolicy::Fixed);
