@@ -3,11 +3,13 @@
 #include "BoxModels.h"
 #include "EnableButton.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -38,6 +40,20 @@ void readLengths()
     registerLengths.remove(QString());
 }
 
+/// The popup of a long register has a scroll bar, which leaves no room for a number within the
+/// width of the box.
+void widenPopup(QComboBox* box)
+{
+    QAbstractItemView* view = box->view();
+    view->ensurePolished();
+    const bool scrolls = box->count() > box->maxVisibleItems();
+    const QModelIndex widest = box->model()->index(box->count() - 1, 0);
+    view->setMinimumWidth(scrolls ? view->sizeHintForIndex(widest).width() +
+                                        view->verticalScrollBar()->sizeHint().width() +
+                                        2 * view->frameWidth()
+                                  : 0);
+}
+
 void fillBias(QComboBox* box, int length, int number, bool shown)
 {
     const QSignalBlocker blocker(box);
@@ -46,6 +62,8 @@ void fillBias(QComboBox* box, int length, int number, bool shown)
         numbers->setCount(length);
     box->setCurrentIndex(std::clamp(number, 1, box->count()) - 1);
     box->setVisible(shown);
+    if (shown)
+        widenPopup(box);
 }
 
 } // namespace
