@@ -156,14 +156,26 @@ void styleHeader(QTableWidget* table, const QFont& font, int leastSection)
         header->setStretchLastSection(false);
 }
 
+QVector<int> columnWidths(const QTableWidget* table)
+{
+    QVector<int> widths(table->columnCount());
+    for (int column = 0; column < widths.size(); ++column)
+        widths[column] = table->columnWidth(column);
+    return widths;
+}
+
 void setColumnWidths(QTableWidget* table, const QVector<int>& widths)
 {
+    const bool areNew = columnWidths(table) != widths;
     QHeaderView* header = table->horizontalHeader();
     for (int column = 0; column < widths.size(); ++column) {
         table->setColumnWidth(column, widths.at(column));
         if (header->sectionResizeMode(column) != QHeaderView::Fixed)
             header->setSectionResizeMode(column, QHeaderView::Fixed);
     }
+    // The scroll bar below takes its room at once, and not after the rows have been given theirs.
+    if (areNew)
+        QMetaObject::invokeMethod(table, "updateGeometries", Qt::DirectConnection);
 }
 
 void clearAlignment(QTableWidget* table)
