@@ -23,7 +23,7 @@ const std::vector<FaultRow>& faultRows()
         {"register-metadata", "Registers without metadata",
          "Registers have neither a type nor an access", &Faults::registersUndescribed, nullptr, 0,
          0, 0, ""},
-        {"register-numbers", "Registers with numbers for names",
+        {"register-numbers", "Registers named by numbers",
          "The name of a register is a number and no text", &Faults::registerNumberNames, nullptr, 0,
          0, 0, ""},
         {"port-gone", "First port of each kind gone",

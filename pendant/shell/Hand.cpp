@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollArea>
+#include <QTabBar>
 #include <QThread>
 #include <QToolButton>
 
@@ -63,6 +64,8 @@ void scrollTo(QWidget* widget)
     for (QWidget* each = widget->parentWidget(); each; each = each->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(each))
             area->ensureWidgetVisible(widget);
+        if (auto* view = qobject_cast<QAbstractItemView*>(each))
+            view->scrollTo(view->indexAt(widget->mapTo(view->viewport(), QPoint())));
     }
 }
 
@@ -164,6 +167,23 @@ bool Hand::click(QAbstractItemView* view, const QModelIndex& index)
     return true;
 }
 
+bool Hand::click(QTabBar* tabs, const QString& text)
+{
+    if (!tabs)
+        return false;
+    for (int index = 0; index < tabs->count(); ++index) {
+        if (tabs->tabText(index) != text)
+            continue;
+        const QPoint place = tabs->tabRect(index).center();
+        if (!reach(tabs, place))
+            return false;
+        sendClick(tabs, place);
+        return tabs->currentIndex() == index ||
+               refuse(QStringLiteral("the tab \"%1\" does not open").arg(text));
+    }
+    return refuse(QStringLiteral("there is no tab \"%1\"").arg(text));
+}
+
 bool Hand::choose(QComboBox* box, const QString& entry)
 {
     if (!box)
@@ -187,7 +207,8 @@ bool Hand::enter(QWidget* field, const QString& text)
         return false;
     sendKey(field, Qt::Key_A, QString(), Qt::ControlModifier);
     for (const QChar sign : text)
-        sendKey(field, sign.toUpper().unicode(), QString(sign));
+        sendKey(field, sign == QLatin1Char('\n') ? int(Qt::Key_Return) : sign.toUpper().unicode(),
+                QString(sign));
     return true;
 }
 

@@ -8,6 +8,7 @@ class QAbstractItemView;
 class QComboBox;
 class QModelIndex;
 class QPoint;
+class QTabBar;
 class QWidget;
 
 namespace pendant {
@@ -30,9 +31,11 @@ public:
     bool release(QWidget* widget);
     /// Of a row that is out of view, after scrolling to it.
     bool click(QAbstractItemView* view, const QModelIndex& index);
+    /// Of the tab that shows the text.
+    bool click(QTabBar* tabs, const QString& text);
     /// Opens the list and clicks the entry.
     bool choose(QComboBox* box, const QString& entry);
-    /// Replaces what is in the field.
+    /// Replaces what is in the field. A line break is the return key.
     bool enter(QWidget* field, const QString& text);
 
     /// Works the events off until the condition holds, for at most `milliseconds`.

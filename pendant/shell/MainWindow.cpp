@@ -3,6 +3,7 @@
 #include "Controller.h"
 #include "Drawer.h"
 #include "FaultPanel.h"
+#include "IoMonitor.h"
 #include "KeyColumn.h"
 #include "LoginPanel.h"
 #include "MessagePage.h"
@@ -28,7 +29,9 @@ namespace pendant {
 namespace {
 
 constexpr int LogLines = 2000;
-constexpr int Warning = 1; // severity of a message
+// Height for 96 dots per inch: all faults are in view.
+constexpr int LeastDrawer = 376;
+constexpr int Warning = 1;       // severity of a message
 
 QVBoxLayout* plainColumn(QWidget* parent)
 {
@@ -87,6 +90,7 @@ void MainWindow::build(Controller& controller)
     connect(messagePage, &MessagePage::clearClicked, this, &MainWindow::clearMessages);
     addPanel(QStringLiteral("messages"), tr("Messages"), messagePage);
     addPanel(QStringLiteral("faults"), tr("Faults"), new FaultPanel(controller));
+    addPanel(QStringLiteral("io"), tr("I/O"), new IoMonitor(controller));
     addPanel(QStringLiteral("log"), tr("Controller log"), buildLog(controller));
     addPanel(QStringLiteral("plugins"), tr("Plugins"), pluginPage);
     Theme::dress(strip);
@@ -300,7 +304,8 @@ void MainWindow::placePanels()
 {
     const int gap = Theme::px(8);
     const QRect page(centre->mapTo(this, QPoint()), centre->size());
-    const int height = qMin(qMax(page.height() / 2, Theme::px(330)), page.height() - 2 * gap);
+    const int height =
+        qMin(qMax(page.height() / 2, Theme::px(LeastDrawer)), page.height() - 2 * gap);
     drawer->setGeometry(page.left() + gap, page.bottom() - height - gap + 1, page.width() - 2 * gap,
                         height);
     const QSize size = login->sizeHint().expandedTo(QSize(Theme::px(240), 0));

@@ -7,6 +7,8 @@ namespace pendant {
 /// Opens the pendant; the weld setup, the hardware keys, and what a user of too low a level may
 /// not.
 TourChapter weldSetupChapter();
+/// The process signals are mapped to ports and registers, and watched at the controller.
+TourChapter weldIoChapter();
 /// What the pendant has beside: its messages, faults, plugins and users.
 TourChapter pendantChapter();
 /// A robot program is written, changed, saved and found again.

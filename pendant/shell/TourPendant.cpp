@@ -17,6 +17,7 @@ const Panel Panels[] = {
     {"messages", "The message history", {"button_messages"}},
     {"messages-cleared", "It is cleared", {"button_clearMessages"}},
     {"faults", "The fault panel", {"button_faults"}},
+    {"io-monitor", "The process signals at the controller", {"button_io"}},
     {"controller-log", "The controller's own log", {"button_log"}},
     {"plugins", "The list of plugins", {"button_plugins"}},
     {"users", "The users", {"button_closeDrawer", "button_user"}},

@@ -83,6 +83,11 @@ void TestCommandLine::understood_data()
     row("--fault missing-return", [](const Options& o) { return o.faults.missingReturn; });
     row("--fault wrong-types", [](const Options& o) { return o.faults.wrongTypes; });
     row("--fault registers-no-array", [](const Options& o) { return o.faults.registersNoArray; });
+    row("--fault register-keys", [](const Options& o) { return o.faults.registerOtherKeys; });
+    row("--fault register-metadata",
+        [](const Options& o) { return o.faults.registersUndescribed; });
+    row("--fault register-numbers", [](const Options& o) { return o.faults.registerNumberNames; });
+    row("--fault port-gone", [](const Options& o) { return o.faults.firstPortGone; });
     row("--fault return-code", [](const Options& o) { return o.faults.returnCode != 0; });
     row("--fault return-code=-7", [](const Options& o) { return o.faults.returnCode == -7; });
     row("--fault reply-delay=250", [](const Options& o) { return o.faults.replyDelay == 250; });

@@ -9,6 +9,8 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTabBar>
+#include <QTableWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -77,6 +79,9 @@ private Q_SLOTS:
     void clicksRows_data();
     void clicksRows();
     void refusesRows();
+    void clicksTabs();
+    void scrollsATable();
+    void entersReturn();
     void chooses_data();
     void chooses();
     void refusesEntries();
@@ -178,6 +183,47 @@ void TestHand::refusesRows()
     desk.list->hide();
     QVERIFY(!desk.hand.click(desk.list, desk.at(0)));
     QVERIFY(desk.hand.complaint().endsWith(QStringLiteral("is hidden")));
+}
+
+void TestHand::clicksTabs()
+{
+    Desk desk;
+    auto* tabs = desk.add<QTabBar>("tabs");
+    tabs->addTab(QStringLiteral("One"));
+    tabs->addTab(QStringLiteral("Two"));
+    QCoreApplication::processEvents();
+    QVERIFY(desk.hand.click(tabs, QStringLiteral("Two")));
+    QCOMPARE(tabs->currentIndex(), 1);
+    QVERIFY(!desk.hand.click(tabs, QStringLiteral("Three")));
+    QCOMPARE(desk.hand.complaint(), QStringLiteral("there is no tab \"Three\""));
+    tabs->setTabEnabled(0, false);
+    QVERIFY(!desk.hand.click(tabs, QStringLiteral("One")));
+    QVERIFY(!desk.hand.click(static_cast<QTabBar*>(nullptr), QStringLiteral("One")));
+    tabs->hide();
+    QVERIFY(!desk.hand.click(tabs, QStringLiteral("One")));
+}
+
+void TestHand::scrollsATable()
+{
+    Desk desk;
+    auto* table = desk.add<QTableWidget>("table");
+    table->setRowCount(Rows);
+    table->setColumnCount(1);
+    auto* button = new QPushButton;
+    table->setCellWidget(Rows - 1, 0, button);
+    QCoreApplication::processEvents();
+    const QSignalSpy clicked(button, &QPushButton::clicked);
+    QVERIFY2(desk.hand.click(button), qPrintable(desk.hand.complaint()));
+    QCOMPARE(clicked.size(), 1);
+}
+
+void TestHand::entersReturn()
+{
+    Desk desk;
+    desk.digits->setKeyboardTracking(false);
+    QVERIFY(desk.hand.enter(desk.digits, QStringLiteral("12")));
+    QVERIFY(desk.hand.enter(desk.digits, QStringLiteral("34\n")));
+    QCOMPARE(desk.digits->value(), 34);
 }
 
 void TestHand::chooses_data()

@@ -263,7 +263,7 @@ void TestMainWindow::messagesReachStripAndHistory()
 void TestMainWindow::panels_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char* name : {"messages", "faults", "log", "plugins"})
+    for (const char* name : {"messages", "faults", "io", "log", "plugins"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
@@ -386,7 +386,7 @@ void TestMainWindow::noTextIsCut()
     bench.window.showUser(4);
     bench.window.resize(size);
     bench.click("button_user");
-    for (const char* panel : {"button_messages", "button_faults", "button_plugins"}) {
+    for (const char* panel : {"button_messages", "button_faults", "button_io", "button_plugins"}) {
         bench.click(panel);
         QCoreApplication::processEvents();
         const auto buttons = bench.window.findChildren<QAbstractButton*>();
