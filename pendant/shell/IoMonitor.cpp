@@ -22,7 +22,7 @@ enum Column { Name, Place, Value, ColumnCount };
 
 // For 96 dots per inch.
 constexpr int ValueWidth = 144;
-constexpr int LeastNameWidth = 90;
+constexpr int LeastNameWidth = 80;
 constexpr int NarrowWidth = 440;
 constexpr int LampSize = 14;
 constexpr int Gap = 8;
@@ -113,7 +113,7 @@ QTableWidget* IoMonitor::addTable(const char* name)
 {
     auto* table = new QTableWidget(0, ColumnCount, this);
     table->setObjectName(QString::fromLatin1(name));
-    table->setHorizontalHeaderLabels({tr("Signal"), tr("Port or register"), tr("Value")});
+    table->setHorizontalHeaderLabels({tr("Signal"), tr("Mapped to"), tr("Value")});
     makeReadOnlyTable(table, {});
     auto* head = table->horizontalHeader();
     head->setStretchLastSection(false);
