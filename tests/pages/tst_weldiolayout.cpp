@@ -26,6 +26,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <numeric>
 
 namespace {
@@ -377,6 +378,8 @@ class TestWeldioLayout : public TestCase
 
 private Q_SLOTS:
     void initTestCase();
+    void init();
+    void cleanupTestCase();
 
     // When it is laid out.
     void layoutComesLater();
@@ -430,12 +433,45 @@ private Q_SLOTS:
     void popups_data();
     void popups();
     void longRegisterHasRoomForItsNumbers();
+
+private:
+    PageOnHost& sharedPage(bool isChinese = false);
+
+    std::unique_ptr<PageOnHost> shared; ///< large and shown; for the rows of one test
+    QByteArray sharedBy;
+    bool isSharedChinese = false;
 };
 
 // As the pendant does: the plugin's font belongs to its maker.
 void TestWeldioLayout::initTestCase()
 {
     QFont::insertSubstitution("Microsoft YaHei UI"_s, "Noto Sans CJK SC"_s);
+}
+
+void TestWeldioLayout::init()
+{
+    TestCase::init();
+    if (sharedBy != QTest::currentTestFunction())
+        shared.reset();
+}
+
+void TestWeldioLayout::cleanupTestCase()
+{
+    shared.reset();
+}
+
+// A page is costly to make.
+PageOnHost& TestWeldioLayout::sharedPage(bool isChinese)
+{
+    if (!shared || isSharedChinese != isChinese) {
+        shared.reset(); // first, or its translator would be asked as well
+        shared.reset(new PageOnHost(isChinese ? Chinese : QHash<QString, QString>()));
+        if (!shared->show(Large))
+            qFatal("the page is not laid out");
+    }
+    isSharedChinese = isChinese;
+    sharedBy = QTest::currentTestFunction();
+    return *shared;
 }
 
 void TestWeldioLayout::layoutComesLater()
@@ -479,16 +515,15 @@ void TestWeldioLayout::passesAreCounted_data()
 void TestWeldioLayout::passesAreCounted()
 {
     QFETCH(int, causes);
-    PageOnHost t;
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage();
     t.captions.headers = 0;
-    QVERIFY(t.resize({900, 700}));
+    QVERIFY(t.resize(t.page->size() + QSize(1, 0)));
     const int once = t.captions.headers;
 
     t.captions.headers = 0;
     if (causes > 1)
-        t.page->resize(901, 700);
-    t.tabs->setCurrentIndex(1);
+        t.page->resize(t.page->size() + QSize(1, 0));
+    t.tabs->setCurrentIndex(1 - t.tabs->currentIndex());
     if (causes > 2) {
         t.page->hide();
         t.page->show();
@@ -542,8 +577,7 @@ void TestWeldioLayout::unchangedPassSetsNoSheet_data()
 void TestWeldioLayout::unchangedPassSetsNoSheet()
 {
     QFETCH(bool, isFull);
-    PageOnHost t;
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage();
     QVERIFY(t.showTab(1));
     QVERIFY(t.showTab(0));
     EventCount changes(QEvent::StyleChange);
@@ -605,21 +639,20 @@ void TestWeldioLayout::tableSettings()
     const auto part = [&](QTableWidget* table) -> QWidget* {
         return ofHeader ? static_cast<QWidget*>(table->horizontalHeader()) : table;
     };
-    PageOnHost t;
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage();
     for (QTableWidget* table : {t.output, t.input}) {
         QWidget* object = part(table);
         QCOMPARE(object->property(QTest::currentDataTag()).toInt(), expected.toInt());
         QVERIFY(object->setProperty(QTest::currentDataTag(), spoilt));
     }
     // Of both tables at once, whichever is shown.
-    QVERIFY(t.resize({900, 700}));
+    QVERIFY(t.resize(t.page->size() + QSize(1, 0)));
     const int afterResize = (byResize ? expected : spoilt).toInt();
     for (QTableWidget* table : {t.output, t.input}) {
         const QWidget* object = part(table);
         QCOMPARE(object->property(QTest::currentDataTag()).toInt(), afterResize);
     }
-    QVERIFY(t.showTab(1));
+    QVERIFY(t.showTab(1 - t.tabs->currentIndex()));
     const QWidget* object = part(t.output);
     QCOMPARE(object->property(QTest::currentDataTag()).toInt(), expected.toInt());
 }
@@ -759,8 +792,7 @@ void TestWeldioLayout::restIsShared_data()
 void TestWeldioLayout::restIsShared()
 {
     QFETCH(int, rest);
-    PageOnHost t;
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage();
     const Widths needed = neededWidths(t.page.get(), t.output);
     QVERIFY(t.resizeViewport(t.output, {sum(needed) + rest, 400}));
     QCOMPARE(t.output->viewport()->width(), sum(needed) + rest);
@@ -818,8 +850,7 @@ void TestWeldioLayout::rowHeights()
 {
     QFETCH(int, room);
     QFETCH(int, height);
-    PageOnHost t;
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage();
     QVERIFY(t.resizeViewport(t.output, {900, 345}));
     QCOMPARE(t.output->rowHeight(0), 23);
     QVERIFY(t.resizeViewport(t.output, {900, room}));
@@ -933,8 +964,7 @@ void TestWeldioLayout::boxes()
 {
     QFETCH(int, room);
     QFETCH(int, height);
-    PageOnHost t;
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage();
     QVERIFY(t.resizeViewport(t.output, {900, room}));
     QWidget* page = t.page.get();
     const QString sheet = scaled(boxSheet(std::max(height - 4, 14), 22, false), page);
@@ -1031,9 +1061,12 @@ void TestWeldioLayout::fits_data()
     const QSize sizes[] = {{640, 480},  {800, 600}, {1024, 768}, {1920, 1080}, {404, 414},
                            {628, 582},  {522, 517}, {748, 549},  {1439, 894},  {1342, 829},
                            {1243, 762}, {293, 294}, {522, 402}};
-    for (const QSize& size : sizes) {
-        QTest::addRow("%dx%d English", size.width(), size.height()) << size << false;
-        QTest::addRow("%dx%d Chinese", size.width(), size.height()) << size << true;
+    for (const bool isChinese : {false, true}) {
+        for (const QSize& size : sizes) {
+            QTest::addRow("%s %dx%d", isChinese ? "Chinese" : "English", size.width(),
+                          size.height())
+                << size << isChinese;
+        }
     }
 }
 
@@ -1041,8 +1074,7 @@ void TestWeldioLayout::fits()
 {
     QFETCH(QSize, size);
     QFETCH(bool, isChinese);
-    PageOnHost t(isChinese ? Chinese : QHash<QString, QString>());
-    QVERIFY(t.show(Large));
+    PageOnHost& t = sharedPage(isChinese);
     QVERIFY(t.resize(size));
     for (QTableWidget* table : {t.output, t.input}) {
         QVERIFY(t.showTab(table == t.input ? 1 : 0));
