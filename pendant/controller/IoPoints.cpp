@@ -131,12 +131,14 @@ QStringList IoPoints::ports(const QString& kind) const
 
 std::optional<Register> IoPoints::findRegister(const QString& name) const
 {
-    for (int index = m_registers.size() - 1; index >= 0; --index) {
-        const QJsonObject entry = m_registers.at(index).toObject();
-        if (entry.value(keys::name).toString() == name)
-            return registerOf(entry);
+    if (m_registerIndex.isEmpty()) {
+        for (int index = 0; index < m_registers.size(); ++index)
+            m_registerIndex.insert(m_registers.at(index)[keys::name].toString(), index);
     }
-    return std::nullopt;
+    const auto found = m_registerIndex.constFind(name);
+    if (name.isEmpty() || found == m_registerIndex.constEnd())
+        return std::nullopt;
+    return registerOf(m_registers.at(found.value()).toObject());
 }
 
 Result IoPoints::check(const WeldSignal& signal, const Mapping& mapping) const

@@ -2,6 +2,7 @@
 
 #include "WeldSignals.h"
 
+#include <QHash>
 #include <QJsonArray>
 #include <QStringList>
 
@@ -46,6 +47,7 @@ private:
 
     QJsonObject m_ports;
     QJsonArray m_registers;
+    mutable QHash<QString, int> m_registerIndex; ///< made at the first look
     bool m_firstPortIsGone;
 };
 
