@@ -33,7 +33,7 @@ constexpr int Ports = 4096;
 constexpr int FewPorts = 100;
 constexpr int Registers = 10000;
 constexpr int Boxes = 24;
-constexpr int Rounds = 7;
+constexpr int Rounds = 40; // the least of them counts
 constexpr int SettleTime = 30; // milliseconds, beyond the page's wait for a frame
 constexpr QSize PageSize(820, 560);
 
