@@ -44,6 +44,10 @@ const char TabSheet[] =
     R"(min-width:120px;min-height:32px;font:400 10pt "Microsoft YaHei UI";})"
     R"(QTabBar::tab:selected{background:#224d75;color:#ffffff;})";
 
+// Square as it is, it would cover the round corners of the pane, or draw a frame within the pane's.
+const char TabContentSheet[] =
+    "QStackedWidget,QStackedWidget>QWidget{background:transparent;border:none;}";
+
 QString jsonKey(const WeldioRow& row, const char* suffix)
 {
     return row.key + QLatin1String(suffix);
@@ -433,6 +437,7 @@ void WeldioPage::setSheets()
 {
     applyBaseSheet(this);
     UiScale::setStyleSheet(ui->tabWidget_io, QLatin1String(TabSheet));
+    UiScale::setStyleSheet(ui->tab_output->parentWidget(), QLatin1String(TabContentSheet));
     tableLayout->setSheets();
 }
 
