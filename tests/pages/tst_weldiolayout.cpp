@@ -444,6 +444,8 @@ private Q_SLOTS:
     void textsAreNotCut();
     void scrollBarBelowTakesItsRoomAtOnce();
     void linesOfCellsLieOnTheGrid();
+    void paneHasItsCorners_data();
+    void paneHasItsCorners();
     void popups_data();
     void popups();
     void longRegisterHasRoomForItsNumbers();
@@ -1178,6 +1180,37 @@ void TestWeldioLayout::linesOfCellsLieOnTheGrid()
     for (const int beside : {edge - 3, edge - 2, edge - 1, edge + 1, edge + 2})
         QVERIFY2(image.pixelColor(beside, y) != QColor("#e8e8e8"_s),
                  qPrintable(QString::number(beside - edge)));
+}
+
+// On a ground as white as the pane, as on the main page, and on a grey one.
+void TestWeldioLayout::paneHasItsCorners_data()
+{
+    QTest::addColumn<QString>("ground");
+    QTest::newRow("white") << "background:#ffffff;";
+    QTest::newRow("grey") << "";
+}
+
+void TestWeldioLayout::paneHasItsCorners()
+{
+    QFETCH(QString, ground);
+    PageOnHost t;
+    QWidget holder;
+    holder.setStyleSheet(ground);
+    t.make();
+    t.page->setParent(&holder);
+    t.page->resize(Large);
+    holder.resize(Large);
+    holder.show();
+    QVERIFY(settle());
+    const QRect pane = t.output->parentWidget()->parentWidget()->geometry().adjusted(-1, -1, 1, 1);
+    const QImage image = t.tabs->grab().toImage();
+    const QColor line("#d0d0d0"_s);
+    const QPoint halfway(pane.left(), pane.center().y());
+    QCOMPARE(image.pixelColor(halfway), line);
+    QCOMPARE(image.pixelColor(halfway + QPoint(1, 0)), QColor(Qt::white));
+    QCOMPARE(image.pixelColor(pane.topLeft() + QPoint(2, 2)).lightness() < 240, true);
+    QVERIFY(image.pixelColor(pane.topLeft()) != line);
+    t.page.reset();
 }
 
 void TestWeldioLayout::popups_data()
