@@ -42,28 +42,28 @@ void readLengths()
 
 /// The popup of a long register has a scroll bar, which leaves no room for a number within the
 /// width of the box.
-void widenPopup(QComboBox* box)
+int popupWidth(const QComboBox* box)
 {
-    QAbstractItemView* view = box->view();
+    if (box->count() <= box->maxVisibleItems())
+        return 0;
+    const QAbstractItemView* view = box->view();
     view->ensurePolished();
-    const bool scrolls = box->count() > box->maxVisibleItems();
     const QModelIndex widest = box->model()->index(box->count() - 1, 0);
-    view->setMinimumWidth(scrolls ? view->sizeHintForIndex(widest).width() +
-                                        view->verticalScrollBar()->sizeHint().width() +
-                                        2 * view->frameWidth()
-                                  : 0);
+    return view->sizeHintForIndex(widest).width() + view->verticalScrollBar()->sizeHint().width() +
+           2 * view->frameWidth();
 }
 
 void fillBias(QComboBox* box, int length, int number, bool shown)
 {
     const QSignalBlocker blocker(box);
+    const int before = box->count();
     auto* numbers = dynamic_cast<NumberListModel*>(box->model());
     if (numbers)
         numbers->setCount(length);
+    if (box->count() != before)
+        box->view()->setMinimumWidth(popupWidth(box));
     box->setCurrentIndex(std::clamp(number, 1, box->count()) - 1);
     box->setVisible(shown);
-    if (shown)
-        widenPopup(box);
 }
 
 } // namespace
