@@ -419,6 +419,10 @@ void TestWeldioChecks::duplicates_data()
     QTest::newRow("places in the inputs")
         << QVector<Use>{{"laser_alarm", 2, "RB1", 0, true}, {"external_alarm", 2, "RB1", 3, true}}
         << Saved;
+    QTest::newRow("two without a port")
+        << QVector<Use>{{"red_light", 0, "", 0, true}, {"wire_feed", 0, "", 0, true}} << Gap;
+    QTest::newRow("two that always count without a port")
+        << QVector<Use>{{"laser_enable", 0, "", 0, true}, {"gas_protect", 0, "", 0, true}} << Gap;
     QTest::newRow("two pairs, the later ends first")
         << QVector<Use>{{"red_light", 0, "DO10", 0, true},
                         {"manual_wire_feed", 0, "DO1", 0, true},
