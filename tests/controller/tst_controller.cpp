@@ -431,7 +431,7 @@ void ControllerTest::refusedIoStoresNothing_data()
     row("laser_enable_enabled", true, 5);
     row("laser_enable_type", 1, 6);
     row("power_port", QStringLiteral("DO1"), 10);
-    row("red_light_port", QStringLiteral(""), 12);
+    row("red_light_port", QLatin1String(""), 12);
 }
 
 void ControllerTest::refusedIoStoresNothing()
@@ -843,7 +843,7 @@ void ControllerTest::faultPortGone()
     Faults faults;
     faults.firstPortGone = true;
     m_controller->setFaults(faults);
-    QCOMPARE(m_controller->ports(QStringLiteral("DO")).first(), QStringLiteral("DO2"));
+    QCOMPARE(m_controller->ports(QStringLiteral("DO")).constFirst(), QStringLiteral("DO2"));
     QCOMPARE(send(setEnable, QStringLiteral("TRUE")), reply(setEnable, false));
     QCOMPARE(send(setIo, storedIo()), reply(setIo, ResultCode::NoSuchPort));
     m_controller->setFaults({});

@@ -157,7 +157,7 @@ void IoPointsTest::firstPortGone()
     faults.firstPortGone = true;
     const IoPoints points = cell.points(faults);
     QCOMPARE(points.ports(QStringLiteral("DO")).size(), 15);
-    QCOMPARE(points.ports(QStringLiteral("DO")).first(), QStringLiteral("DO2"));
+    QCOMPARE(points.ports(QStringLiteral("DO")).constFirst(), QStringLiteral("DO2"));
     QVERIFY(points.ports(QStringLiteral("XX")).isEmpty());
     const WeldSignal& signal = *findWeldSignal(QStringLiteral("laser_enable"));
     QCOMPARE(points.check(signal, {0, QStringLiteral("DO1"), 0, true}).code,

@@ -14,12 +14,15 @@ int codeOf(ResultCode code)
     return static_cast<int>(code);
 }
 
-const QJsonValue jsonValues[] = {
-    QJsonValue(),      QJsonValue(true),
-    QJsonValue(0),     QJsonValue(1.5),
-    QJsonValue(1e300), QJsonValue(QStringLiteral("DO1 ")),
-    QJsonArray{1, 2},  QJsonObject{{QStringLiteral("a"), 1}},
-};
+QVector<QJsonValue> jsonValues()
+{
+    return {
+        QJsonValue(),      QJsonValue(true),
+        QJsonValue(0),     QJsonValue(1.5),
+        QJsonValue(1e300), QJsonValue(QStringLiteral("DO1 ")),
+        QJsonArray{1, 2},  QJsonObject{{QStringLiteral("a"), 1}},
+    };
+}
 
 /// What comes of a value that does not have the key's type.
 ResultCode expectedOf(const QString& key, const QJsonValue& value)
@@ -69,7 +72,8 @@ void WeldIoCheckTest::everyKeyWithEveryType()
     const IoPoints points = cell.points();
     QJsonObject record = fullMapping();
     QCOMPARE(checkWeldIo(record, points).reason, QString());
-    for (const QJsonValue& value : jsonValues) {
+    const QVector<QJsonValue> values = jsonValues();
+    for (const QJsonValue& value : values) {
         record.insert(key, value);
         const Result result = checkWeldIo(record, points);
         QVERIFY2(result.code == codeOf(expectedOf(key, value)), qPrintable(result.reason));
@@ -90,7 +94,8 @@ void WeldIoCheckTest::unknownKey()
 void WeldIoCheckTest::noObject()
 {
     const IoCell cell;
-    for (const QJsonValue& value : jsonValues) {
+    const QVector<QJsonValue> values = jsonValues();
+    for (const QJsonValue& value : values) {
         if (!value.isObject())
             QCOMPARE(checkWeldIo(value, cell.points()).code, codeOf(ResultCode::WrongType));
     }
@@ -177,7 +182,8 @@ void WeldIoCheckTest::ready_data()
                                  << codeOf(ResultCode::NoSuchPort);
     QTest::newRow("read only") << with("laser_enable", 2, "flags") << false
                                << codeOf(ResultCode::WrongRegister);
-    for (const QJsonValue& value : jsonValues)
+    const QVector<QJsonValue> values = jsonValues();
+    for (const QJsonValue& value : values)
         QTest::newRow(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).constData())
             << value << false << codeOf(ResultCode::NoPort);
 }
