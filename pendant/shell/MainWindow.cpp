@@ -31,7 +31,7 @@ namespace {
 constexpr int LogLines = 2000;
 // Height for 96 dots per inch: all faults are in view.
 constexpr int LeastDrawer = 376;
-constexpr int Warning = 1;       // severity of a message
+constexpr int Warning = 1; // severity of a message
 
 QVBoxLayout* plainColumn(QWidget* parent)
 {

@@ -45,10 +45,10 @@ const Target Outputs[] = {
 };
 
 const Target Inputs[] = {
-    {"power_feedback", "GI", "GI2", 0},       {"light_feedback", "DI", "DI9", 0},
-    {"laser_alarm", "REG", "R153", 3},        {"shield_gas_feedback", "", "", 0},
+    {"power_feedback", "GI", "GI2", 0},      {"light_feedback", "DI", "DI9", 0},
+    {"laser_alarm", "REG", "R153", 3},       {"shield_gas_feedback", "", "", 0},
     {"wire_speed_feedback", "AI", "AI3", 0}, {"wire_feed_feedback", "DI", "DI10", 0},
-    {"wire_feeder_alarm", "DI", "DI1", 0},    {"adhesion_detection_feedback", "DI", "DI11", 0},
+    {"wire_feeder_alarm", "DI", "DI1", 0},   {"adhesion_detection_feedback", "DI", "DI11", 0},
     {"external_alarm", "DI", "DI12", 0},
 };
 
