@@ -133,7 +133,8 @@ QStringList ports(const char* kind)
     const QStringList given = qelplugin::qelPluginInterface().getIOByType(key);
     PortMemo& memo = memos[key];
     if (memo.given != given)
-        memo = {given, naturallySorted(given)};
+        memo.sorted = naturallySorted(given);
+    memo.given = given; // shared with the host: the next comparison costs nothing
     return memo.sorted;
 }
 
@@ -217,10 +218,9 @@ class FilterMemo
 public:
     FilterResult result(const QJsonArray& given, const QStringList& types, const QString& rw)
     {
-        if (registers != given || results.size() >= MostFilters) {
+        if (registers != given || results.size() >= MostFilters)
             results.clear();
-            registers = given;
-        }
+        registers = given; // shared with the host: the next comparison costs nothing
         const auto filter = qMakePair(types, rw);
         auto found = results.find(filter);
         if (found == results.end())

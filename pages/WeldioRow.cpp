@@ -73,11 +73,11 @@ namespace RegisterLengths {
 void read(const QJsonValue& registers)
 {
     const QJsonArray now = registers.toArray();
-    if (now == lengthSource)
-        return;
-    lengthSource = now;
-    isLengthSourceRead = false;
-    registerLengths.clear();
+    if (now != lengthSource) {
+        isLengthSourceRead = false;
+        registerLengths.clear();
+    }
+    lengthSource = now; // shared with the host: the next comparison costs nothing
 }
 
 int of(const QString& name)
