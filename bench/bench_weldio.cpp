@@ -33,7 +33,7 @@ constexpr int Ports = 4096;
 constexpr int FewPorts = 100;
 constexpr int Registers = 10000;
 constexpr int Boxes = 24;
-constexpr int Rounds = 40; // the least of them counts
+constexpr int Rounds = 40;     // the least of them counts
 constexpr int SettleTime = 30; // milliseconds, beyond the page's wait for a frame
 constexpr QSize PageSize(820, 560);
 
@@ -44,24 +44,34 @@ public:
     {
         for (const char* kind : {"AI", "AO", "DI", "DO", "GI", "GO"})
             lists[QLatin1String(kind)] = shuffledNames(QLatin1String(kind), portsOfEachKind);
-        const char* types[] = {"bool", "int16", "float"};
-        for (int index = 0; index < Registers; ++index) {
-            allRegisters << QJsonObject{
-                {QLatin1String("name"), QString::fromLatin1("Reg_%1").arg(index)},
-                {QLatin1String("type"), QLatin1String(types[index % 3])},
-                {QLatin1String("rw"), QLatin1String(index % 2 ? "rw" : "ro")},
-                {QLatin1String("len"), index % 10 ? 1 : 4}};
-        }
     }
 
     QStringList ports(const QString& kind) override { return lists.value(kind); }
-    QJsonValue registers() override { return allRegisters; }
+    QJsonValue registers() override { return allRegisters(); }
     QJsonValue serviceData(const QString& key) override
     {
         return key == QLatin1String("weld_io_config") ? record() : CellHost::serviceData(key);
     }
 
 private:
+    static QJsonArray allRegisters()
+    {
+        static const QJsonArray registers = madeRegisters();
+        return registers;
+    }
+    static QJsonArray madeRegisters()
+    {
+        const char* types[] = {"bool", "int16", "float"};
+        QJsonArray registers;
+        for (int index = 0; index < Registers; ++index) {
+            registers << QJsonObject{
+                {QLatin1String("name"), QString::fromLatin1("Reg_%1").arg(index)},
+                {QLatin1String("type"), QLatin1String(types[index % 3])},
+                {QLatin1String("rw"), QLatin1String(index % 2 ? "rw" : "ro")},
+                {QLatin1String("len"), index % 10 ? 1 : 4}};
+        }
+        return registers;
+    }
     static QStringList shuffledNames(const QString& kind, int count)
     {
         QStringList names;
@@ -82,7 +92,6 @@ private:
     }
 
     QHash<QString, QStringList> lists;
-    QJsonArray allRegisters;
 };
 
 double processorMicroseconds(const Ratio::Work& work)
