@@ -19,25 +19,33 @@ namespace {
 constexpr int RegisterType = 2;
 constexpr int KindsOfAnalogue = 3;
 
-/// By name: those of more than one place; of the registers below, from the first question for a
-/// length on.
-QHash<QString, int> registerLengths;
-QJsonArray lengthSource;
-bool isLengthSourceRead = true;
-
-/// Of registers of one name the last counts.
-void readLengths()
+/// The lengths of the host's registers. They are read from the first question for one on.
+struct LengthTable
 {
-    isLengthSourceRead = true;
-    for (const QJsonValue& each : qAsConst(lengthSource)) {
-        const QJsonObject record = each.toObject();
-        const int length = record.value(QLatin1String("len")).toInt(1);
-        if (length > 1)
-            registerLengths.insert(record.value(QLatin1String("name")).toString(), length);
-        else if (!registerLengths.isEmpty())
-            registerLengths.remove(record.value(QLatin1String("name")).toString());
+    /// Of registers of one name the last counts.
+    void readSource()
+    {
+        isRead = true;
+        for (const QJsonValue& each : qAsConst(source)) {
+            const QJsonObject record = each.toObject();
+            const int length = record.value(QLatin1String("len")).toInt(1);
+            if (length > 1)
+                registerLengths.insert(record.value(QLatin1String("name")).toString(), length);
+            else if (!registerLengths.isEmpty())
+                registerLengths.remove(record.value(QLatin1String("name")).toString());
+        }
+        registerLengths.remove(QString());
     }
-    registerLengths.remove(QString());
+
+    QJsonArray source;
+    bool isRead = true;
+    QHash<QString, int> registerLengths; ///< by name; those of more than one place
+};
+
+LengthTable& lengthTable()
+{
+    static LengthTable table;
+    return table;
 }
 
 /// The popup of a long register has a scroll bar, which leaves no room for a number within the
@@ -72,19 +80,21 @@ namespace RegisterLengths {
 
 void read(const QJsonValue& registers)
 {
+    LengthTable& table = lengthTable();
     const QJsonArray now = registers.toArray();
-    if (now != lengthSource) {
-        isLengthSourceRead = false;
-        registerLengths.clear();
+    if (now != table.source) {
+        table.isRead = false;
+        table.registerLengths.clear();
     }
-    lengthSource = now; // shared with the host: the next comparison costs nothing
+    table.source = now; // shared with the host: the next comparison costs nothing
 }
 
 int of(const QString& name)
 {
-    if (!isLengthSourceRead)
-        readLengths();
-    return registerLengths.value(name, 1);
+    LengthTable& table = lengthTable();
+    if (!table.isRead)
+        table.readSource();
+    return table.registerLengths.value(name, 1);
 }
 
 } // namespace RegisterLengths
