@@ -54,8 +54,12 @@ int tolerantInt(const QJsonValue& value)
 
 QJsonArray send(QObject* sender, const QString& command, const QJsonValue& payload)
 {
-    return qelplugin::qelPluginInterface().commandCustomData(sender, Host::pluginName(),
-                                                             QJsonObject{{command, payload}});
+    return sendBody(sender, {{command, payload}});
+}
+
+QJsonArray sendBody(QObject* sender, const QJsonObject& body)
+{
+    return qelplugin::qelPluginInterface().commandCustomData(sender, Host::pluginName(), body);
 }
 
 QJsonArray sendText(QObject* sender, const QString& command, const QString& value)

@@ -16,6 +16,8 @@ namespace CommandReply {
 
 /// Sends { command: payload } under the plugin's name and returns the reply. Blocks until it is in.
 QJsonArray send(QObject* sender, const QString& command, const QJsonValue& payload);
+/// Likewise with the whole command, which may hold nothing.
+QJsonArray sendBody(QObject* sender, const QJsonObject& body);
 /// Likewise, but the command and its value go as two texts.
 QJsonArray sendText(QObject* sender, const QString& command, const QString& value);
 

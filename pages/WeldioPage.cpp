@@ -36,18 +36,6 @@ constexpr int LayoutDelay = 16;
 
 enum Column { Number, Name, Type, Assign, Enable };
 
-const char TabSheet[] =
-    R"(QTabWidget::pane{border:1px solid #d0d0d0;border-radius:8px;background:#ffffff;)"
-    R"(margin-top:4px;})"
-    R"(QTabBar::tab{background:#d3dce6;color:#374860;border-bottom:none;)"
-    R"(border-top-left-radius:6px;border-top-right-radius:6px;padding:6px 12px;margin-right:1px;)"
-    R"(min-width:120px;min-height:32px;font:400 10pt "Microsoft YaHei UI";})"
-    R"(QTabBar::tab:selected{background:#224d75;color:#ffffff;})";
-
-// Square as it is, it would cover the round corners of the pane, or draw a frame within the pane's.
-const char TabContentSheet[] =
-    "QStackedWidget,QStackedWidget>QWidget{background:transparent;border:none;}";
-
 QString jsonKey(const WeldioRow& row, const char* suffix)
 {
     return row.key + QLatin1String(suffix);
@@ -436,8 +424,7 @@ void WeldioPage::resizeEvent(QResizeEvent* event)
 void WeldioPage::setSheets()
 {
     applyBaseSheet(this);
-    UiScale::setStyleSheet(ui->tabWidget_io, QLatin1String(TabSheet));
-    UiScale::setStyleSheet(ui->tab_output->parentWidget(), QLatin1String(TabContentSheet));
+    applyTabStyle(ui->tabWidget_io);
     tableLayout->setSheets();
 }
 
