@@ -72,9 +72,10 @@ QStringList ofTheFrame(const QStringList& calls)
         QStringLiteral("setPlugin"),
         QStringLiteral("Create"),
         QStringLiteral("ChangePhy"),
-        QStringLiteral("QFLog qelLaser"),
+        QStringLiteral("QFLog qelLaserWelding"),
         QStringLiteral("QFLog QelPlugin"),
         QStringLiteral("QFLog LaserWeld"),
+        QStringLiteral("GetPlugin"),
         QStringLiteral("detach"),
         QStringLiteral("getQelServiceData laser_weld_data.virtual_welding_status"),
     };
@@ -115,7 +116,7 @@ public:
         sdk.afterInit(plugin.get());
         check("afterInit", {"QFLog QelPluginDemo::initData()"});
         sdk.render(plugin.get());
-        check("render", {});
+        check("render", {"GetPluginNoUniqueWidget qelLaserSeamTracking"});
         sdk.connectNetwork();
         check("sigNetworkConnect", {"getQelServiceData laser_weld_data.virtual_welding_status"});
     }
