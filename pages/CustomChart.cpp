@@ -33,24 +33,32 @@ double scaleOf(int pixels, qint64 range)
     return range > 0 ? static_cast<double>(pixels) / static_cast<double>(range) : 0.0;
 }
 
-/// To the nearest whole number, halves away from zero, within what a painter can take.
+/// Distance of the ticks that are drawn: the step, or a multiple of it where there are more ticks
+/// than a screen could show.
+qint64 tickDistance(qint64 range, qint32 step)
+{
+    constexpr qint64 mostTicks = 2000;
+    const qint64 least = std::max(step, 1);
+    return least * (range / least / mostTicks + 1);
+}
+
+/// To the nearest whole number, halves away from zero, within what a painter can take. What is no
+/// number is far off.
 int rounded(double number)
 {
     constexpr double farthest = 1e6;
+    if (std::isnan(number))
+        return -static_cast<int>(farthest);
     return static_cast<int>(std::lround(std::clamp(number, -farthest, farthest)));
 }
 
-// The strokes of the frame and the ticks run along the axes. As rectangles they cover the same
-// pixels as lines of width 2 and take a fraction of their time.
-
-void strokeAlong(QPainter& painter, int x, int y, int length)
+/// A stroke along an axis. As a rectangle it covers the same pixels as a line of width 2 and takes
+/// a fraction of its time.
+void stroke(QPainter& painter, int x1, int y1, int x2, int y2)
 {
-    painter.fillRect(x - 1, y - 1, length + 2, 2, Qt::black);
-}
-
-void strokeDown(QPainter& painter, int x, int y, int length)
-{
-    painter.fillRect(x - 1, y - 1, 2, length + 2, Qt::black);
+    const QPoint first(std::min(x1, x2) - 1, std::min(y1, y2) - 1);
+    const QPoint last(std::max(x1, x2), std::max(y1, y2));
+    painter.fillRect(QRect(first, last), Qt::black);
 }
 
 } // namespace
@@ -127,11 +135,10 @@ void CustomChart::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     const Frame frame(*this);
-    painter.setPen(QPen(Qt::black, 2));
+    painter.setPen(QPen(Qt::black, 1)); // of the texts as well
     drawFrame(painter, frame);
     drawXTicks(painter, frame);
     drawYTicks(painter, frame);
-    painter.setPen(QPen(Qt::black, 1));
     painter.setBrush(Qt::black);
     drawPoints(painter, frame);
     if (std::abs(slope) > FlattestSlope)
@@ -141,18 +148,20 @@ void CustomChart::paintEvent(QPaintEvent*)
 
 void CustomChart::drawFrame(QPainter& painter, const Frame& frame) const
 {
-    strokeAlong(painter, Left, frame.bottom, frame.right - Left);
-    strokeDown(painter, Left, Top, frame.bottom - Top);
-    strokeAlong(painter, Left, Top, frame.right - Left);
-    strokeDown(painter, frame.right, Top, frame.bottom - Top);
+    stroke(painter, Left, frame.bottom, frame.right, frame.bottom);
+    stroke(painter, Left, Top, Left, frame.bottom);
+    stroke(painter, Left, Top, frame.right, Top);
+    stroke(painter, frame.right, Top, frame.right, frame.bottom);
 }
 
 // The tick at the end of the axis is left out.
 void CustomChart::drawXTicks(QPainter& painter, const Frame& frame) const
 {
-    for (qint64 tick = frame.xMin; tick < frame.xEnd; tick += xStep) {
+    const qint64 distance = tickDistance(frame.xEnd - frame.xMin, xStep);
+    for (qint64 tick = frame.xMin; tick < frame.xEnd; tick += distance) {
         const int offset = frame.xOffset(static_cast<double>(tick));
-        strokeDown(painter, Left + offset, frame.bottom - TickLength, TickLength);
+        const int x = Left + offset;
+        stroke(painter, x, frame.bottom - TickLength, x, frame.bottom);
         painter.drawText(40 + offset, height() - 5, QString::number(tick) + xSuffix);
     }
 }
@@ -160,9 +169,10 @@ void CustomChart::drawXTicks(QPainter& painter, const Frame& frame) const
 // The tick at the end of the axis is drawn.
 void CustomChart::drawYTicks(QPainter& painter, const Frame& frame) const
 {
-    for (qint64 tick = frame.yMin; tick <= frame.yEnd; tick += std::max(yStep, 1)) {
+    const qint64 distance = tickDistance(frame.yEnd - frame.yMin, yStep);
+    for (qint64 tick = frame.yMin; tick <= frame.yEnd; tick += distance) {
         const int y = frame.yPixel(static_cast<double>(tick));
-        strokeAlong(painter, Left, y, TickLength);
+        stroke(painter, Left, y, Left + TickLength, y);
         painter.drawText(10, y + 10, QString::number(tick) + ySuffix);
     }
 }
