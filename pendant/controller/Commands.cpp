@@ -3,7 +3,9 @@
 #include "JsonText.h"
 #include "RecordKeys.h"
 #include "RecordSchema.h"
+#include "WeldCurves.h"
 #include "WeldIoCheck.h"
+#include "WeldParameterCheck.h"
 
 #include <algorithm>
 #include <iterator>
@@ -97,12 +99,60 @@ Result setWeldIo(const QJsonValue& payload, Transaction& transaction)
     return result;
 }
 
+/// Puts what the payload has into the record that is kept under the key; the rest of it stays.
+void merge(const QString& key, const QJsonValue& payload, Transaction& transaction)
+{
+    QJsonObject record = transaction.record(key).toObject();
+    const QJsonObject added = payload.toObject();
+    for (auto each = added.begin(); each != added.end(); ++each)
+        record.insert(each.key(), each.value());
+    transaction.changes.insert(key, record);
+}
+
+Result setWeldSchedule(const QJsonValue& payload, Transaction& transaction)
+{
+    const Result result = checkSchedule(payload);
+    if (result.isDone())
+        merge(keys::weldSchedules, payload, transaction);
+    return result;
+}
+
+Result setWeldMatching(const QJsonValue& payload, Transaction& transaction)
+{
+    const Result result = checkMatching(payload);
+    if (result.isDone())
+        merge(keys::weldMatching, payload, transaction);
+    return result;
+}
+
+template<std::size_t index>
+Result setWeldCurve(const QJsonValue& payload, Transaction& transaction)
+{
+    const Result result = checkCurve(weldCurves()[index], payload);
+    if (result.isDone())
+        merge(keys::weldCurves, payload, transaction);
+    return result;
+}
+
+/// Changes nothing.
+Result computeCurve(const QJsonValue& payload, Transaction&)
+{
+    return fitCurve(payload);
+}
+
 constexpr auto feedWire = moveWire<&WeldState::feeding, &WeldState::retracting>;
 constexpr auto retractWire = moveWire<&WeldState::retracting, &WeldState::feeding>;
 
 constexpr Command commands[] = {
     {"set_weld_setting_config", ReplyForm::Code, setWeldSetting},
     {"set_weld_io_config", ReplyForm::Code, setWeldIo},
+    {"set_weld_param_list_config", ReplyForm::Code, setWeldSchedule},
+    {"set_weld_param_match_config", ReplyForm::Code, setWeldMatching},
+    {"set_weld_curve_power_config", ReplyForm::Code, setWeldCurve<0>},
+    {"set_weld_curve_feed_config", ReplyForm::Code, setWeldCurve<1>},
+    {"set_weld_curve_frequency_config", ReplyForm::Code, setWeldCurve<2>},
+    {"set_weld_curve_dutycycle_config", ReplyForm::Code, setWeldCurve<3>},
+    {"compute_curve_config", ReplyForm::Values, computeCurve},
     {"set_weld_enable", ReplyForm::Flag, setWeldEnable},
     {"set_virtual_welding", ReplyForm::Code, setStatus<&WeldState::virtualWelding>},
     {"set_weld_red_light", ReplyForm::Code, setStatus<&WeldState::redLight>},

@@ -22,10 +22,11 @@ struct Transaction
     IoPoints points() const { return {cell, faults}; }
 };
 
-/// How the outcome stands in "return".
+/// How the outcome stands in the answer.
 enum class ReplyForm {
-    Code, ///< a ResultCode as a number
-    Flag, ///< true when done, false when refused
+    Code,   ///< a ResultCode as a number
+    Flag,   ///< true when done, false when refused
+    Values, ///< when done its values stand in place of "return"; a refusal is a Code
 };
 
 /// One command that the controller understands.

@@ -32,15 +32,22 @@ struct Order
 
 using Orders = QVector<Order>;
 
-QJsonObject returns(const Orders& orders)
+QJsonObject answer(const Order& order)
 {
-    QJsonObject returns;
-    for (const Order& order : orders) {
-        const bool isFlag = order.command && order.command->reply == ReplyForm::Flag;
-        returns.insert(order.name,
-                       isFlag ? QJsonValue(order.result.isDone()) : QJsonValue(order.result.code));
-    }
-    return returns;
+    const ReplyForm form = order.command ? order.command->reply : ReplyForm::Code;
+    if (form == ReplyForm::Values && order.result.isDone())
+        return order.result.values;
+    const bool isFlag = form == ReplyForm::Flag;
+    return {{QStringLiteral("return"),
+             isFlag ? QJsonValue(order.result.isDone()) : QJsonValue(order.result.code)}};
+}
+
+QJsonObject answers(const Orders& orders)
+{
+    QJsonObject answers;
+    for (const Order& order : orders)
+        answers.insert(order.name, answer(order));
+    return answers;
 }
 
 QString logLine(const Order& order)
@@ -193,7 +200,7 @@ QJsonArray Controller::command(const QString& plugin, const QJsonObject& data)
     Transaction transaction{*d->cell, d->faults, d->isPowered, d->device.state(), {}};
     Orders orders = d->carryOut(plugin, data, transaction);
     d->conclude(*this, transaction, orders);
-    return envelope(plugin, returns(orders), faults);
+    return envelope(plugin, answers(orders), faults);
 }
 
 /// Commits, and tells everybody what came of it.

@@ -3,9 +3,12 @@
 #include "Controller.h"
 #include "Points.h"
 #include "RecordKeys.h"
+#include "WeldCurves.h"
 #include "WeldDevice.h"
+#include "WeldParameterCheck.h"
 #include "WeldSignals.h"
 
+#include <initializer_list>
 #include <iterator>
 
 namespace pendant {
@@ -86,6 +89,131 @@ QJsonObject defaultWeldIo()
         record.insert(signal.biasKey(), 0);
         if (signal.switchKey)
             record.insert(QLatin1String(signal.switchKey), !port.isEmpty());
+    }
+    return record;
+}
+
+/// What a schedule has of its own; the rest is usual.
+struct Schedule
+{
+    const char* comment;
+    int power; ///< W
+    int speed; ///< mm/s
+    int wire;  ///< mm/s; 0: without wire
+};
+
+constexpr Schedule schedules[] = {
+    {"Lap seam, 1 mm", 1200, 20, 0},  {"Lap seam, 2 mm", 2200, 15, 0},
+    {"Fillet, 2 mm", 2000, 12, 14},   {"Butt seam, gap 0.3 mm", 1600, 18, 20},
+    {"Spot for tacking", 900, 40, 0},
+};
+
+/// The numbers that are the same in all schedules.
+const QJsonObject& usualSchedule()
+{
+    static const QJsonObject record{
+        {QStringLiteral("laser_power_start"), 600},
+        {QStringLiteral("frequency_start"), 500},
+        {QStringLiteral("duty_cycle_start"), 100},
+        {QStringLiteral("ramp_mode_start"), 2},
+        {QStringLiteral("ramp_value_start"), 200},
+        {QStringLiteral("delay_time_start"), 50},
+        {QStringLiteral("frequency_weld"), 500},
+        {QStringLiteral("duty_cycle_weld"), 80},
+        {QStringLiteral("laser_power_end"), 600},
+        {QStringLiteral("frequency_end"), 1000},
+        {QStringLiteral("duty_cycle_end"), 100},
+        {QStringLiteral("ramp_mode_end"), 2},
+        {QStringLiteral("ramp_value_end"), 200},
+        {QStringLiteral("delay_time_end"), 100},
+        {QStringLiteral("laser_off_mode"), 1},
+        {QStringLiteral("wire_mode_start"), 0},
+        {QStringLiteral("wire_feed_time_start"), 100},
+        {QStringLiteral("wire_mode_end"), 0},
+        {QStringLiteral("wire_feed_time_end"), 100},
+        {QStringLiteral("wire_retract_end"), 30},
+        {QStringLiteral("wire_retract_time_end"), 100},
+        {QStringLiteral("wire_fill_com_end"), false},
+        {QStringLiteral("fill_delay_time_end"), 50},
+        {QStringLiteral("fill_wire_speed_end"), 30},
+        {QStringLiteral("fill_wire_time_end"), 100},
+        {QStringLiteral("work_mode"), 0},
+        {QStringLiteral("swing_job"), 0},
+        {QStringLiteral("process_job"), 0},
+    };
+    return record;
+}
+
+QJsonObject scheduleRecord(const QString& key, const Schedule& schedule)
+{
+    QJsonObject record = usualSchedule();
+    record.insert(QStringLiteral("LsDataID"), key);
+    record.insert(QStringLiteral("Tips"), QLatin1String(schedule.comment));
+    record.insert(QStringLiteral("laser_power_weld"), schedule.power);
+    record.insert(QStringLiteral("welding_speed"), schedule.speed);
+    for (const char* speed : {"feeding_speed_start", "feeding_speed_run", "wire_speed_end"})
+        record.insert(QLatin1String(speed), schedule.wire);
+    for (const char* wired : {"wire_feed_enable_start", "wire_feed_enable_end",
+                              "wire_stick_enable_end", "wire_retraction_end"})
+        record.insert(QLatin1String(wired), schedule.wire > 0);
+    return record;
+}
+
+QJsonObject defaultSchedules()
+{
+    QJsonObject records;
+    int number = 0;
+    for (const Schedule& schedule : schedules) {
+        const QString key = scheduleKey(++number);
+        records.insert(key, scheduleRecord(key, schedule));
+    }
+    return records;
+}
+
+QJsonArray numbers(std::initializer_list<double> list)
+{
+    QJsonArray array;
+    for (double each : list)
+        array.append(each);
+    return array;
+}
+
+QJsonObject defaultMatching()
+{
+    // Power, frequency and duty cycle that take part.
+    const bool switches[][3] = {{true, false, false}, {true, true, true}, {false, false, false}};
+    QJsonObject records;
+    int number = 0;
+    for (const auto& [power, frequency, duty] : switches) {
+        const QString key = matchingKey(++number);
+        records.insert(
+            key, QJsonObject{
+                     {QStringLiteral("PowerDataID"), key},
+                     {QStringLiteral("power_enable"), power},
+                     {QStringLiteral("frequency_enable"), frequency},
+                     {QStringLiteral("dutycycle_enable"), duty},
+                     {QStringLiteral("power_data"),
+                      QJsonArray{numbers({5, 600, 200, 40}), numbers({15, 1200, 400, 60}),
+                                 numbers({30, 1900, 700, 80}), numbers({60, 2800, 1000, 100})}}});
+    }
+    return records;
+}
+
+/// As measured: nearly on a line.
+QJsonObject defaultCurves()
+{
+    const QJsonArray nodes[] = {
+        {numbers({1, 560}), numbers({3, 1810}), numbers({5, 2990}), numbers({7, 4230}),
+         numbers({10, 6000})},
+        {numbers({0, 0}), numbers({5, 98}), numbers({10, 200})},
+        {numbers({0, 0}), numbers({10, 5000})},
+        {numbers({0.1, 1}), numbers({2.5, 26}), numbers({5, 49}), numbers({10, 100})},
+    };
+    QJsonObject record;
+    const QJsonArray* curveNodes = nodes;
+    for (const WeldCurve& curve : weldCurves()) {
+        record.insert(QLatin1String(curve.numberKey), curveNodes->size());
+        record.insert(QLatin1String(curve.nodesKey), *curveNodes++);
     }
     return record;
 }
@@ -176,6 +304,9 @@ Records defaultRecords(const CellSize& size)
         {keys::weldSetting, defaultWeldSetting()},
         {keys::weldIo, defaultWeldIo()},
         {keys::weldData, WeldDevice::storedData({})},
+        {keys::weldSchedules, defaultSchedules()},
+        {keys::weldMatching, defaultMatching()},
+        {keys::weldCurves, defaultCurves()},
         {keys::tools, nameList(tools)},
         {keys::workObjects, nameList(workObjects)},
         {keys::speeds, nameList(speeds)},

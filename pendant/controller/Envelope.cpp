@@ -10,18 +10,14 @@ const QLatin1String foreignPlugin("qelOtherProcess");
 
 } // namespace
 
-QJsonArray envelope(const QString& plugin, const QJsonObject& returns, const Faults& faults)
+QJsonArray envelope(const QString& plugin, const QJsonObject& answers, const Faults& faults)
 {
     if (faults.emptyReply)
         return {};
-    QJsonObject answers;
-    for (auto each = returns.begin(); each != returns.end(); ++each) {
-        const QJsonValue shown = faults.wrongTypes ? withWrongTypes(each.value()) : each.value();
-        answers.insert(each.key(), faults.missingReturn
-                                       ? QJsonObject()
-                                       : QJsonObject{{QStringLiteral("return"), shown}});
-    }
-    return {QJsonObject{{faults.foreignReply ? foreignPlugin : plugin, answers}}};
+    QJsonObject shown = faults.wrongTypes ? withWrongTypes(answers).toObject() : answers;
+    for (auto each = shown.begin(); faults.missingReturn && each != shown.end(); ++each)
+        each.value() = QJsonObject();
+    return {QJsonObject{{faults.foreignReply ? foreignPlugin : plugin, shown}}};
 }
 
 QJsonValue withWrongTypes(const QJsonValue& value)

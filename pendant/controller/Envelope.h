@@ -8,9 +8,9 @@ namespace pendant {
 
 struct Faults;
 
-/// The reply to a plugin: its name over the commands with the "return" of each, after the faults
-/// have had their way with it.
-QJsonArray envelope(const QString& plugin, const QJsonObject& returns, const Faults& faults);
+/// The reply to a plugin: its name over the commands with the answer of each, an object, after the
+/// faults have had their way with it.
+QJsonArray envelope(const QString& plugin, const QJsonObject& answers, const Faults& faults);
 
 /// The same value with texts for numbers, and numbers for texts and for true and false, at every
 /// depth.

@@ -9,6 +9,9 @@ namespace pendant::keys {
 inline const QLatin1String weldSetting("weld_setting_config");
 inline const QLatin1String weldIo("weld_io_config");
 inline const QLatin1String weldData("laser_weld_data");
+inline const QLatin1String weldSchedules("weld_param_config");
+inline const QLatin1String weldMatching("weld_param_match");
+inline const QLatin1String weldCurves("weld_curve_config");
 
 // Lists of the cell that are no service items.
 inline const QLatin1String ports("ports");

@@ -21,12 +21,16 @@ QString accepted(const Field& field)
         return QStringLiteral("true or false");
     if (field.kind == FieldKind::Text)
         return QStringLiteral("a text");
+    if (field.kind == FieldKind::List)
+        return QStringLiteral("a list");
+    if (field.least == field.most)
+        return QStringLiteral("the number %1").arg(field.least);
     const QString numbers =
         field.kind == FieldKind::Whole ? QStringLiteral("whole number") : QStringLiteral("number");
     return QStringLiteral("%1 from %2 to %3 %4")
         .arg(numbers)
         .arg(field.least)
-        .arg(field.most)
+        .arg(field.most, 0, 'g', 8)
         .arg(QLatin1String(field.unit))
         .trimmed();
 }
@@ -37,6 +41,8 @@ bool hasType(const Field& field, const QJsonValue& value)
         return value.isBool();
     if (field.kind == FieldKind::Text)
         return value.isString();
+    if (field.kind == FieldKind::List)
+        return value.isArray();
     const double number = value.toDouble();
     return value.isDouble() && (field.kind == FieldKind::Number || std::trunc(number) == number);
 }
@@ -47,6 +53,8 @@ bool isInRange(const Field& field, const QJsonValue& value)
     const double number = value.toDouble();
     return !isNumber || (number >= field.least && number <= field.most);
 }
+
+} // namespace
 
 Result checkField(const Field& field, const QJsonValue& value)
 {
@@ -60,8 +68,6 @@ Result checkField(const Field& field, const QJsonValue& value)
         return refuse(ResultCode::OutOfRange, QStringLiteral("is out of range"));
     return {};
 }
-
-} // namespace
 
 RecordSchema::RecordSchema(std::vector<Field> fields)
     : m_fields(std::move(fields))

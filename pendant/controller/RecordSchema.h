@@ -14,6 +14,7 @@ enum class FieldKind {
     Number, ///< may have a fraction
     Whole,  ///< number without a fraction
     Text,   ///< may be empty
+    List,   ///< array; whoever knows its elements checks them
 };
 
 /// One key of a record.
@@ -25,6 +26,10 @@ struct Field
     double most;      ///< of a number
     const char* unit; ///< of a number, for people; may be empty
 };
+
+/// Refuses a wrong type and a number out of range, in this order. The reason names the key, the
+/// value and what is accepted.
+Result checkField(const Field& field, const QJsonValue& value);
 
 /// What a record must look like: exactly these keys, each with its type and range.
 class RecordSchema

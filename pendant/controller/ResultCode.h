@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QString>
 
 namespace pendant {
@@ -19,13 +20,17 @@ enum class ResultCode {
     NoSuchPort = 10,  ///< the cell has no such port or register
     WrongRegister = 11, ///< the register cannot be read or written so, or has another type
     NoPort = 12,        ///< a signal that is needed has no port
+    WrongCount = 13,    ///< a list has more or fewer elements than it must have
+    NotRising = 14,     ///< a number is not greater than the one before it
+    NoLine = 15,        ///< no line can be laid through the nodes
 };
 
 /// The outcome of a check or a command.
 struct Result
 {
-    int code = 0;   ///< a ResultCode, or what a tester wants to see
-    QString reason; ///< for the log; empty when done
+    int code = 0;         ///< a ResultCode, or what a tester wants to see
+    QString reason;       ///< for the log; empty when done
+    QJsonObject values{}; ///< what a command that is done answers beside its code
 
     bool isDone() const { return code == 0; }
 };

@@ -3,6 +3,7 @@
 #include "FullDisk.h"
 #include "OldCell.h"
 #include "ResultCode.h"
+#include "WeldDataSamples.h"
 #include "WeldIo.h"
 
 using namespace pendant;
@@ -12,6 +13,10 @@ namespace {
 const QString plugin = QStringLiteral("qelLaserWelding");
 const QString setSetting = QStringLiteral("set_weld_setting_config");
 const QString setIo = QStringLiteral("set_weld_io_config");
+const QString setSchedule = QStringLiteral("set_weld_param_list_config");
+const QString setMatching = QStringLiteral("set_weld_param_match_config");
+const QString setFeedCurve = QStringLiteral("set_weld_curve_feed_config");
+const QString compute = QStringLiteral("compute_curve_config");
 const QString setEnable = QStringLiteral("set_weld_enable");
 const QString feed = QStringLiteral("set_weld_feed_wire");
 const QString retract = QStringLiteral("set_weld_retract_wire");
@@ -21,6 +26,9 @@ const QString virtualWelding = QStringLiteral("set_virtual_welding");
 
 const QString setting = QStringLiteral("weld_setting_config");
 const QString weldIo = QStringLiteral("weld_io_config");
+const QString schedules = QStringLiteral("weld_param_config");
+const QString matching = QStringLiteral("weld_param_match");
+const QString curves = QStringLiteral("weld_curve_config");
 const QString weldData = QStringLiteral("laser_weld_data");
 
 /// The envelope with one answer.
@@ -28,6 +36,14 @@ QJsonArray reply(const QString& command, const QJsonValue& returned, const QStri
 {
     return {QJsonObject{
         {name, QJsonObject{{command, QJsonObject{{QStringLiteral("return"), returned}}}}}}};
+}
+
+/// The envelope with the answer of a computed curve.
+QJsonArray lineReply(const QJsonValue& slope, const QJsonValue& intercept)
+{
+    const QJsonObject line{{QStringLiteral("slope"), slope},
+                           {QStringLiteral("intercept"), intercept}};
+    return {QJsonObject{{plugin, QJsonObject{{compute, line}}}}};
 }
 
 QJsonArray reply(const QString& command, ResultCode code)
@@ -38,6 +54,51 @@ QJsonArray reply(const QString& command, ResultCode code)
 QJsonValue weldStatus(const Controller& controller, const char* key)
 {
     return controller.serviceData(weldData + QLatin1Char('.') + QLatin1String(key));
+}
+
+/// On the line process = 2 * output + 1.
+QJsonObject straightCurve(int index)
+{
+    return curveRecord(weldCurves()[static_cast<std::size_t>(index)],
+                       {QJsonArray{0, 1}, QJsonArray{1, 3}, QJsonArray{2, 5}});
+}
+
+/// A row for each command of the process data.
+void dataCommandRows()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("record");   // of the cell; empty: none is stored
+    QTest::addColumn<QJsonObject>("good"); // payload
+    QTest::addColumn<QJsonObject>("bad");  // out of range
+    const QString schedule = QStringLiteral("LsData30");
+    QJsonObject badSchedule = sampleSchedule(schedule);
+    badSchedule.insert(QStringLiteral("welding_speed"), 201);
+    QTest::newRow("schedule") << setSchedule << schedules
+                              << listed(schedule, sampleSchedule(schedule))
+                              << listed(schedule, badSchedule);
+    const QString match = QStringLiteral("PowerData10");
+    QJsonObject badMatching = sampleMatching(match);
+    badMatching.insert(QStringLiteral("PowerDataID"), QString());
+    QTest::newRow("matching") << setMatching << matching << listed(match, sampleMatching(match))
+                              << listed(match, badMatching);
+    const char* const commands[] = {"set_weld_curve_power_config", "set_weld_curve_feed_config",
+                                    "set_weld_curve_frequency_config",
+                                    "set_weld_curve_dutycycle_config"};
+    const auto outOfRange = [](int index) {
+        QJsonObject bad = straightCurve(index);
+        bad.insert(QLatin1String(weldCurves()[static_cast<std::size_t>(index)].numberKey), 1);
+        return bad;
+    };
+    for (int index = 0; index < 4; ++index)
+        QTest::newRow(commands[index]) << QString(QLatin1String(commands[index])) << curves
+                                       << straightCurve(index) << outOfRange(index);
+    QTest::newRow("compute") << compute << QString() << straightCurve(3) << outOfRange(3);
+}
+
+/// The answer to a command that is carried out.
+QJsonArray goodReply(const QString& command)
+{
+    return command == compute ? lineReply(2, 1) : reply(command, ResultCode::Done);
 }
 
 } // namespace
@@ -72,6 +133,16 @@ private Q_SLOTS:
     void savesIo();
     void refusedIoStoresNothing_data();
     void refusedIoStoresNothing();
+    void newWeldData();
+    void savesData_data() { dataCommandRows(); }
+    void savesData();
+    void savesOneOfMany();
+    void refusedDataStoresNothing_data() { dataCommandRows(); }
+    void refusedDataStoresNothing();
+    void dataOfAnOlderCell();
+    void dataOfACellWithNonsense();
+    void dataFaults_data() { dataCommandRows(); }
+    void dataFaults();
     void enableNeedsPorts_data();
     void enableNeedsPorts();
     void enableAfterTheMappingOfTheSameCall();
@@ -449,6 +520,147 @@ void ControllerTest::refusedIoStoresNothing()
     QVERIFY2(m_log.first().startsWith(
                  QStringLiteral("set_weld_io_config refused with %1: \"%2\"").arg(code).arg(key)),
              qPrintable(m_log.first()));
+}
+
+// A new cell has a few of each, and what it has is what the controller itself accepts.
+void ControllerTest::newWeldData()
+{
+    const QJsonObject allSchedules = m_controller->serviceData(schedules).toObject();
+    QCOMPARE(allSchedules.size(), 5);
+    for (auto each = allSchedules.begin(); each != allSchedules.end(); ++each)
+        QCOMPARE(send(setSchedule, listed(each.key(), each.value())),
+                 reply(setSchedule, ResultCode::Done));
+    const QJsonObject allMatching = m_controller->serviceData(matching).toObject();
+    QCOMPARE(allMatching.size(), 3);
+    for (auto each = allMatching.begin(); each != allMatching.end(); ++each)
+        QCOMPARE(send(setMatching, listed(each.key(), each.value())),
+                 reply(setMatching, ResultCode::Done));
+    const QJsonObject allCurves = m_controller->serviceData(curves).toObject();
+    QCOMPARE(allCurves.size(), 8);
+    for (const WeldCurve& curve : weldCurves()) {
+        const QString nodes = QLatin1String(curve.nodesKey);
+        const QString number = QLatin1String(curve.numberKey);
+        const Result result =
+            checkCurve(curve, QJsonObject{{number, allCurves[number]}, {nodes, allCurves[nodes]}});
+        QVERIFY2(result.isDone(), qPrintable(result.reason));
+    }
+}
+
+void ControllerTest::savesData()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, record);
+    QFETCH(QJsonObject, good);
+    QJsonObject expected = m_controller->serviceData(record).toObject();
+    for (auto each = good.begin(); !record.isEmpty() && each != good.end(); ++each)
+        expected.insert(each.key(), each.value());
+    QCOMPARE(send(command, good), goodReply(command));
+    QCOMPARE(m_controller->serviceData(record).toObject(), expected);
+    QCOMPARE(m_changed, record.isEmpty() ? QStringList() : QStringList(record));
+    QCOMPARE(m_log, QStringList(command + QStringLiteral(" done")));
+    reopen();
+    QCOMPARE(m_controller->serviceData(record).toObject(), expected);
+}
+
+void ControllerTest::savesOneOfMany()
+{
+    for (int number = 1; number <= scheduleCount; ++number) {
+        const QString key = scheduleKey(number);
+        QCOMPARE(send(setSchedule, listed(key, sampleSchedule(key))),
+                 reply(setSchedule, ResultCode::Done));
+    }
+    const QJsonObject before = m_controller->serviceData(schedules).toObject();
+    QCOMPARE(before.size(), scheduleCount);
+    const QString key = scheduleKey(17);
+    QJsonObject changed = sampleSchedule(key);
+    changed.insert(QStringLiteral("Tips"), QStringLiteral("changed"));
+    send(setSchedule, listed(key, changed));
+    QJsonObject expected = before;
+    expected.insert(key, changed);
+    QCOMPARE(m_controller->serviceData(schedules).toObject(), expected);
+    QCOMPARE(m_controller->serviceData(schedules + QLatin1Char('.') + key), QJsonValue(changed));
+}
+
+void ControllerTest::refusedDataStoresNothing()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, record);
+    QFETCH(QJsonObject, bad);
+    const QJsonValue before = m_controller->serviceData(record);
+    QCOMPARE(send(command, bad), reply(command, ResultCode::OutOfRange));
+    QCOMPARE(send(command, 7), reply(command, ResultCode::WrongType));
+    QCOMPARE(m_controller->serviceData(record), before);
+    QVERIFY(m_changed.isEmpty());
+    QCOMPARE(m_log.size(), 2);
+    QVERIFY2(m_log.first().startsWith(command + QStringLiteral(" refused with 6: \"")),
+             qPrintable(m_log.first()));
+    QVERIFY(m_log.first().contains(QStringLiteral("accepted: ")));
+    QCOMPARE(m_log.last(), command + QStringLiteral(" refused with 3: 7 is no object"));
+}
+
+void ControllerTest::dataOfAnOlderCell()
+{
+    m_controller.reset();
+    const QString file = m_folder->filePath(QStringLiteral("old"));
+    QVERIFY(makeOldCell(file));
+    const Records expected = defaultRecords({});
+    m_controller = Controller::open(file, {}, nullptr);
+    QVERIFY(m_controller);
+    for (const QString& key : {schedules, matching, curves})
+        QCOMPARE(m_controller->serviceData(key), expected.value(key));
+}
+
+// Nonsense is shown as it is, until the first save makes a record of it.
+void ControllerTest::dataOfACellWithNonsense()
+{
+    m_controller.reset();
+    const QString file = m_folder->filePath(QStringLiteral("old"));
+    QVERIFY(makeOldCell(file));
+    QVERIFY(runSql(file, {QStringLiteral("INSERT INTO records VALUES ('weld_param_config', '[1]')"),
+                          QStringLiteral("INSERT INTO records VALUES ('weld_curve_config', "
+                                         "'{\"laser_power_node\":\"x\",\"other\":1}')")}));
+    m_controller = Controller::open(file, {}, nullptr);
+    QVERIFY(m_controller);
+    QCOMPARE(m_controller->serviceData(schedules), QJsonValue(QJsonArray{1}));
+    const QString key = scheduleKey(1);
+    const QJsonObject payload = listed(key, sampleSchedule(key));
+    QCOMPARE(send(setSchedule, payload), reply(setSchedule, ResultCode::Done));
+    QCOMPARE(m_controller->serviceData(schedules).toObject(), payload);
+    QCOMPARE(send(setFeedCurve, straightCurve(1)), reply(setFeedCurve, ResultCode::Done));
+    QCOMPARE(m_controller->serviceData(curves).toObject().size(), 4);
+}
+
+// The faults of the replies fall upon each of the commands alike.
+void ControllerTest::dataFaults()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, record);
+    QFETCH(QJsonObject, good);
+    const auto sendWith = [&](auto Faults::*fault, auto value) {
+        Faults faults;
+        faults.*fault = value;
+        m_controller->setFaults(faults);
+        const QJsonArray answered = send(command, good);
+        m_controller->setFaults({});
+        return answered;
+    };
+    const QJsonValue before = m_controller->serviceData(record);
+    QCOMPARE(sendWith(&Faults::returnCode, 42), reply(command, 42));
+    QCOMPARE(m_controller->serviceData(record), before);
+    QCOMPARE(sendWith(&Faults::emptyReply, true), QJsonArray());
+    QVERIFY(record.isEmpty() || m_controller->serviceData(record) != before);
+    const QStringList names = sendWith(&Faults::foreignReply, true).at(0).toObject().keys();
+    QVERIFY(!names.contains(plugin));
+    const QJsonArray nothing{QJsonObject({{plugin, QJsonObject{{command, QJsonObject()}}}})};
+    QCOMPARE(sendWith(&Faults::missingReturn, true), nothing);
+    const QString zero = QStringLiteral("0");
+    QCOMPARE(sendWith(&Faults::wrongTypes, true),
+             command == compute ? lineReply(QStringLiteral("2"), QStringLiteral("1"))
+                                : reply(command, zero));
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(sendWith(&Faults::replyDelay, 20), goodReply(command));
+    QVERIFY(clock.elapsed() >= 20);
 }
 
 void ControllerTest::enableNeedsPorts_data()
