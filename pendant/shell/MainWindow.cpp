@@ -65,6 +65,7 @@ MainWindow::MainWindow(Controller& controller, QWidget* parent)
     build(controller);
     follow(controller);
     connect(tabs, &QTabBar::currentChanged, this, &MainWindow::selectPage);
+    connect(pages, &QStackedWidget::widgetRemoved, this, &MainWindow::dropTab);
     connect(topBar, &TopBar::connectionClicked, this, &MainWindow::connectionClicked);
     connect(topBar, &TopBar::powerClicked, this, &MainWindow::powerClicked);
     connect(topBar, &TopBar::userClicked, this, &MainWindow::toggleLogin);
@@ -173,7 +174,7 @@ void MainWindow::setPageTitle(const QString& plugin, const QString& title)
         if (tabs->tabData(index) == plugin)
             tabs->setTabText(index, title);
     }
-    topBar->showTitle(tabs->tabText(tabs->currentIndex()));
+    showTitle();
 }
 
 void MainWindow::selectPage(int index)
@@ -183,14 +184,28 @@ void MainWindow::selectPage(int index)
     const QString plugin = tabs->tabData(index).toString();
     leftKeys->showPlugin(plugin);
     rightKeys->showPlugin(plugin);
-    topBar->showTitle(tabs->tabText(index));
+    showTitle();
+}
+
+// A plugin may take the page of another one into its own.
+void MainWindow::dropTab(int index)
+{
+    tabs->removeTab(index);
+    tabs->setVisible(tabs->count() > 1);
+    selectPage(tabs->currentIndex());
 }
 
 void MainWindow::showProgram(bool on)
 {
     releaseKeys();
     centre->setCurrentIndex(on ? 1 : 0);
-    topBar->showTitle(on ? tr("Robot programs") : tabs->tabText(tabs->currentIndex()));
+    showTitle();
+}
+
+void MainWindow::showTitle()
+{
+    const bool isProgram = centre->currentWidget() == programPage;
+    topBar->showTitle(isProgram ? tr("Robot programs") : tabs->tabText(tabs->currentIndex()));
 }
 
 void MainWindow::addIndicator(QWidget* indicator, int position)

@@ -70,9 +70,11 @@ private:
     void addPanel(const QString& name, const QString& caption, QWidget* content);
     QWidget* buildLog(const Controller& controller);
     void selectPage(int index);
+    void dropTab(int index);
     void toggleLogin();
     void clearMessages();
     void showProgram(bool on);
+    void showTitle();
     void placePanels();
 
     MessageModel history;

@@ -69,6 +69,17 @@ QString readSize(Options& options, const QString& text)
     return {};
 }
 
+QString readTracking(Options& options, const QString& text)
+{
+    if (text == QLatin1String("now") || text == QLatin1String("never")) {
+        options.trackingDelay = text == QLatin1String("now") ? 0 : -1;
+        return {};
+    }
+    return readNumber(text, 0, 3600, &options.trackingDelay).isEmpty()
+               ? QString()
+               : QStringLiteral("takes now, never or a number of seconds from 0 to 3600");
+}
+
 const std::vector<Row>& rows()
 {
     using Text = const QString&;
@@ -98,6 +109,10 @@ const std::vector<Row>& rows()
         {"zoom", "Z", "Font zoom that the plugins are told, 0.75 to 3. Default: 1.", readZoom},
         {"size", "WxH", "Size of the window in pixels. Default: 1024x768 at 96 dots per inch.",
          readSize},
+        {"tracking", "WHEN",
+         "When the seam-tracking plugin comes: now, never, or after a number of seconds. Default: "
+         "now.",
+         readTracking},
         {"powered", nullptr, "Start with the robot powered.",
          [](Options& o, Text) { return o.powered = true, QString(); }},
         {"disconnected", nullptr, "Start without a connection to the controller.",

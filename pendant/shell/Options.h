@@ -30,7 +30,9 @@ struct Options
     QSize windowSize; ///< pixels; empty: 1024 x 768 at 96 dots per inch
     double zoom = 1.0;
     int userLevel = 0; ///< who is logged in at the start, 0 to 4
-    int dpi = 0;       ///< of fonts and sizes; 0: of the screen
+    /// Seconds from the start to the loading of the seam-tracking plugin; negative: never.
+    int trackingDelay = 0;
+    int dpi = 0; ///< of fonts and sizes; 0: of the screen
     bool powered = false;
     bool disconnected = false;
     bool help = false;

@@ -129,7 +129,7 @@ void PluginLoader::report(const QString& name, const QString& file, const QStrin
     results.append({name, file, reason.isEmpty(), reason});
 }
 
-void PluginLoader::loadFolder(const QString& folder)
+void PluginLoader::loadFolder(const QString& folder, const QString& skipped)
 {
     const QDir dir(folder);
     if (!dir.exists()) {
@@ -140,8 +140,10 @@ void PluginLoader::loadFolder(const QString& folder)
         dir.entryInfoList({QStringLiteral("lib*.so")}, QDir::Files, QDir::Name);
     if (files.isEmpty())
         report({}, folder, QStringLiteral("the plugin folder holds no lib*.so"));
-    for (const QFileInfo& file : files)
-        loadFile(file.absoluteFilePath());
+    for (const QFileInfo& file : files) {
+        if (file.fileName() != skipped)
+            loadFile(file.absoluteFilePath());
+    }
 }
 
 void PluginLoader::loadFile(const QString& path)
@@ -210,11 +212,12 @@ void PluginLoader::start()
     using Phase = void (qelplugin::PluginBase::*)();
     for (const Phase phase : {&qelplugin::PluginBase::init, &qelplugin::PluginBase::afterInit,
                               &qelplugin::PluginBase::render}) {
-        for (const auto& library : libraries) {
-            for (auto* plugin : library->plugins)
+        for (std::size_t each = started; each < libraries.size(); ++each) {
+            for (auto* plugin : libraries[each]->plugins)
                 (plugin->*phase)();
         }
     }
+    started = libraries.size();
 }
 
 void PluginLoader::unload()
@@ -230,6 +233,7 @@ void PluginLoader::unload()
         libraries.pop_back();
     }
     results.clear();
+    started = 0;
 }
 
 QString PluginLoader::explain(const QString& loadError)

@@ -33,9 +33,13 @@ public:
     /// Unloads.
     ~PluginLoader();
 
-    /// Loads each lib*.so of the folder in the order of their names and makes its plugins.
-    void loadFolder(const QString& folder);
-    /// Calls init() of every plugin, then afterInit(), then render().
+    /// Loads each lib*.so of the folder but `skipped` in the order of their names and makes its
+    /// plugins.
+    void loadFolder(const QString& folder, const QString& skipped = QString());
+    /// Loads one library and makes its plugins.
+    void loadFile(const QString& path);
+    /// Calls init() of every plugin that was loaded since the last call, then afterInit(), then
+    /// render().
     void start();
     /// Deletes the plugins and unloads their libraries, the last one first. The widgets and keys of
     /// the plugins must be gone before: their code goes with the library.
@@ -52,12 +56,12 @@ public:
 
 private:
     struct Library;
-    void loadFile(const QString& path);
     QString open(const QString& path, Library* library);
     void adopt(const QString& file, std::unique_ptr<Library> library, const QStringList& names);
     void report(const QString& name, const QString& file, const QString& reason);
 
     std::vector<std::unique_ptr<Library>> libraries;
+    std::size_t started = 0; ///< of the libraries, from the first on
     QVector<PluginReport> results;
 };
 

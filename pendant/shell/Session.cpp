@@ -7,13 +7,17 @@
 #include "Theme.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QScreen>
+#include <QTimer>
 
 namespace pendant {
 
 namespace {
 
 constexpr QSize DesignSize(1024, 768); // for 96 dots per inch
+
+const QString TrackingLibrary = QStringLiteral("libqelLaserSeamTracking.so");
 
 QSize windowSize(const Options& options)
 {
@@ -79,14 +83,34 @@ void Session::start(const Options& options)
     backend->setZoom(options.zoom);
     logIn(options.userLevel);
     mainWindow->resize(windowSize(options));
-    loader.loadFolder(options.pluginFolder);
+    loader.loadFolder(options.pluginFolder,
+                      options.trackingDelay == 0 ? QString() : TrackingLibrary);
     loader.start();
+    machine->setConnected(!options.disconnected);
+    showPlugins();
+    mainWindow->show();
+    awaitTracking(options);
+}
+
+// As a plugin that the robot's system brings up after the others.
+void Session::awaitTracking(const Options& options)
+{
+    const QString file = QDir(options.pluginFolder).filePath(TrackingLibrary);
+    if (options.trackingDelay <= 0 || !QFile::exists(file))
+        return;
+    QTimer::singleShot(options.trackingDelay * 1000, this, [this, file] {
+        loader.loadFile(file);
+        loader.start();
+        showPlugins();
+    });
+}
+
+void Session::showPlugins()
+{
     const QStringList names = loader.pluginNames();
     for (const QString& name : names)
         mainWindow->setPageTitle(name, backend->labelOf(name));
-    machine->setConnected(!options.disconnected);
     mainWindow->setReports(loader.reports());
-    mainWindow->show();
 }
 
 // A key that is held is let go by the user who holds it; the page reads the new user at its show.

@@ -37,6 +37,8 @@ private:
     Session(std::unique_ptr<Controller> controller, const Options& options);
     void join();
     void start(const Options& options);
+    void awaitTracking(const Options& options);
+    void showPlugins();
 
     std::unique_ptr<Controller> machine;
     std::unique_ptr<ShellBackend> backend;

@@ -1,13 +1,12 @@
 #include "LaserTrackingPage.h"
 #include "LogFolder.h"
 #include "ScriptedHost.h"
+#include "SingleShots.h"
 #include "StackedWidgetFit.h"
 #include "TestCase.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QStackedWidget>
-#include <QTimerEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -47,48 +46,6 @@ QStringList logged()
     for (int i = 0; i < all.size(); ++i)
         lines << all.at(i).mid(1, 1) + QStringLiteral(": ") + texts.at(i);
     return lines;
-}
-
-/// A single shot that has been started: Qt keeps each as an object of the event dispatcher.
-struct Shot
-{
-    QObject* object;
-    QAbstractEventDispatcher::TimerInfo timer;
-};
-
-QVector<Shot> pendingShots()
-{
-    QVector<Shot> shots;
-    auto* dispatcher = QAbstractEventDispatcher::instance();
-    const QObjectList all = dispatcher->children();
-    for (QObject* each : all) {
-        if (!each->inherits("QSingleShotTimer"))
-            continue;
-        const auto timers = dispatcher->registeredTimers(each);
-        for (const auto& timer : timers)
-            shots.append({each, timer});
-    }
-    return shots;
-}
-
-/// Lets those that are pending now expire, without waiting for the clock. Returns how many.
-int expire()
-{
-    const QVector<Shot> shots = pendingShots();
-    for (const Shot& shot : shots) {
-        QTimerEvent event(shot.timer.timerId);
-        QCoreApplication::sendEvent(shot.object, &event);
-    }
-    return shots.size();
-}
-
-/// Lets shots expire until none starts another. Returns how many there were.
-int expireAll()
-{
-    int total = 0;
-    for (int count = expire(); count > 0; count = expire())
-        total += count;
-    return total;
 }
 
 /// Nothing of what made it a window is left. Qt itself may set the hints that are the default.
@@ -159,9 +116,7 @@ private Q_SLOTS:
 void TestLaserTrackingPage::cleanup()
 {
     // What a test has left pending must not reach the next one.
-    const QVector<Shot> shots = pendingShots();
-    for (const Shot& shot : shots)
-        delete shot.object;
+    SingleShots::forget();
     TestCase::cleanup();
 }
 
@@ -178,7 +133,7 @@ void TestLaserTrackingPage::form()
     QCOMPARE(page.layout()->count(), 0);
     QVERIFY(page.findChildren<QWidget*>().isEmpty());
     QVERIFY(host.calls.isEmpty());
-    QVERIFY(pendingShots().isEmpty());
+    QVERIFY(SingleShots::pending().isEmpty());
 }
 
 void TestLaserTrackingPage::showAsksOnce()
@@ -205,12 +160,12 @@ void TestLaserTrackingPage::asksEvery200Milliseconds()
     page.embedTrackingWidget();
     for (int attempt = 1; attempt <= MostRetries; ++attempt) {
         QCOMPARE(host.calls.size(), attempt);
-        const auto shots = pendingShots();
+        const auto shots = SingleShots::pending();
         QCOMPARE(shots.size(), 1);
         QCOMPARE(shots.first().timer.interval, 200);
-        expire();
+        SingleShots::expire();
     }
-    QVERIFY(pendingShots().isEmpty());
+    QVERIFY(SingleShots::pending().isEmpty());
 }
 
 void TestLaserTrackingPage::clockDrivesTheChain()
@@ -244,12 +199,12 @@ void TestLaserTrackingPage::widgetThatComesLate()
         if (each == 1)
             page.embedTrackingWidget();
         else
-            QCOMPARE(expire(), 1);
+            QCOMPARE(SingleShots::expire(), 1);
     }
     QCOMPARE(widget.parentWidget(), &page);
     QCOMPARE(host.calls.size(), attempt);
     QCOMPARE(logged(), pendingLines(attempt - 1) << Embedded);
-    QCOMPARE(expireAll(), 0);
+    QCOMPARE(SingleShots::expireAll(), 0);
     QVERIFY(host.messages.isEmpty());
 }
 
@@ -259,7 +214,7 @@ void TestLaserTrackingPage::widgetThatNeverComes()
     const ScriptedHost host;
     LaserTrackingPage page;
     page.embedTrackingWidget();
-    QCOMPARE(expireAll(), MostRetries);
+    QCOMPARE(SingleShots::expireAll(), MostRetries);
     QCOMPARE(logged(), pendingLines(MostRetries) << Failed);
     QCOMPARE(host.calls.size(), MostRetries + 1);
     QVERIFY(host.messages.isEmpty());
@@ -272,12 +227,12 @@ void TestLaserTrackingPage::givenUpPageAsksOncePerCall()
     ScriptedHost host;
     LaserTrackingPage page;
     page.embedTrackingWidget();
-    expireAll();
+    SingleShots::expireAll();
     host.forgetCalls();
     page.embedTrackingWidget();
     page.show();
     QCOMPARE(host.calls.size(), 2);
-    QCOMPARE(expireAll(), 0);
+    QCOMPARE(SingleShots::expireAll(), 0);
     QCOMPARE(logged(), pendingLines(MostRetries) << Failed << Failed << Failed);
 }
 
@@ -287,7 +242,7 @@ void TestLaserTrackingPage::givenUpPageTakesTheWidget()
     ScriptedHost host;
     LaserTrackingPage page;
     page.embedTrackingWidget();
-    expireAll();
+    SingleShots::expireAll();
     auto* widget = new QWidget;
     host.siblings.insert(Sibling, widget);
     page.embedTrackingWidget();
@@ -327,8 +282,8 @@ void TestLaserTrackingPage::chainsShareTheCounter()
     LaserTrackingPage page;
     for (int chain = 0; chain < chains; ++chain)
         page.embedTrackingWidget();
-    QCOMPARE(pendingShots().size(), std::min(chains, MostRetries));
-    QCOMPARE(expireAll(), MostRetries);
+    QCOMPARE(SingleShots::pending().size(), std::min(chains, MostRetries));
+    QCOMPARE(SingleShots::expireAll(), MostRetries);
     QStringList expected = pendingLines(MostRetries);
     for (int chain = 0; chain < chains; ++chain)
         expected << Failed;
@@ -344,7 +299,7 @@ void TestLaserTrackingPage::chainsEndWithTheWidget()
     for (int chain = 0; chain < 3; ++chain)
         page.embedTrackingWidget();
     host.siblings.insert(Sibling, new QWidget);
-    QCOMPARE(expireAll(), 3);
+    QCOMPARE(SingleShots::expireAll(), 3);
     QCOMPARE(host.calls.size(), 4);
     QCOMPARE(logged(), pendingLines(3) << Embedded << Embedded << Embedded);
 }
@@ -357,7 +312,7 @@ void TestLaserTrackingPage::goesWhileAShotIsPending()
     page->embedTrackingWidget();
     page->embedTrackingWidget();
     page.reset();
-    expireAll();
+    SingleShots::expireAll();
     QCOMPARE(host.calls.size(), 2);
     QCOMPARE(logged(), pendingLines(2));
 }
@@ -581,7 +536,7 @@ void TestLaserTrackingPage::deletedWidgetIsAskedForAgain()
     QCOMPARE(host.calls.size(), 2);
     auto* another = new QWidget;
     host.siblings.insert(Sibling, another);
-    QCOMPARE(expireAll(), 1);
+    QCOMPARE(SingleShots::expireAll(), 1);
     QCOMPARE(page.layout()->indexOf(another), 0);
     QCOMPARE(logged(), (QStringList{Embedded, pending(1), Embedded}));
 }

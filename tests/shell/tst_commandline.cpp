@@ -52,6 +52,7 @@ void TestCommandLine::defaults()
     QCOMPARE(options->cellSize.registers, 160);
     QVERIFY(options->windowSize.isEmpty());
     QVERIFY(!options->powered && !options->disconnected && !options->help);
+    QCOMPARE(options->trackingDelay, 0);
     QVERIFY(!anyFault(options->faults));
 }
 
@@ -74,6 +75,9 @@ void TestCommandLine::understood_data()
     row("--dpi 144", [](const Options& o) { return o.dpi == 144; });
     row("--zoom 1.25", [](const Options& o) { return o.zoom == 1.25; });
     row("--size 800x600", [](const Options& o) { return o.windowSize == QSize(800, 600); });
+    row("--tracking now", [](const Options& o) { return o.trackingDelay == 0; });
+    row("--tracking never", [](const Options& o) { return o.trackingDelay < 0; });
+    row("--tracking 3", [](const Options& o) { return o.trackingDelay == 3; });
     row("--powered", [](const Options& o) { return o.powered; });
     row("--disconnected", [](const Options& o) { return o.disconnected; });
     row("--help", [](const Options& o) { return o.help; });
@@ -123,6 +127,9 @@ void TestCommandLine::refused_data()
     row("--size 1024", "takes a size in pixels");
     row("--size 10x10", "takes a size in pixels");
     row("--size 1024x768x2", "takes a size in pixels");
+    row("--tracking later", "--tracking later: takes now, never or a number of seconds");
+    row("--tracking -1", "takes now, never or a number of seconds from 0 to 3600");
+    row("--tracking 3601", "takes now, never or a number of seconds");
     row("--fault unknown", "there is no fault \"unknown\"; there are: empty-reply, ");
     row("--fault empty-reply=1", "takes no value");
     row("--fault reply-delay=soon", "takes a number from 0 to 60000, not \"soon\"");
@@ -167,7 +174,7 @@ void TestCommandLine::helpTellsAll()
     const QString help = helpText();
     for (const char* name :
          {"plugins", "cell", "home", "level", "ports", "registers", "tour", "dpi", "zoom", "size",
-          "powered", "disconnected", "fault", "help", "version"})
+          "tracking", "powered", "disconnected", "fault", "help", "version"})
         QVERIFY2(help.contains(QStringLiteral("\n  --") + QLatin1String(name)), name);
     const QStringList faults = faultNames();
     for (const QString& name : faults)

@@ -5,11 +5,15 @@
 #include "ProgramEditor.h"
 #include "ProgramPage.h"
 #include "Session.h"
+#include "SingleShots.h"
 #include "TestCase.h"
 #include "hostbackend.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QTabBar>
 #include <QTemporaryDir>
 
 using namespace pendant;
@@ -30,10 +34,17 @@ private Q_SLOTS:
     void buttonsTurnConnectionAndPower();
     void zoomReachesThePlugins();
     void withoutPluginsTheListSaysWhy();
+    void trackingComesWhenItIsTold_data();
+    void trackingComesWhenItIsTold();
+    void trackingThatIsNotThere();
+    void trackingPageShowsTheSeam();
+    void pageIsTakenByAnotherPlugin();
+    void trackingComesWhileAProgramIsOpen();
     void cellThatCannotBeOpened();
 
 private:
     std::unique_ptr<Session> open();
+    void addTracking();
     QStringList texts(Session& session) const;
     HardwareKey* key(Session& session) const;
 
@@ -57,6 +68,18 @@ std::unique_ptr<Session> TestSession::open()
     if (!session)
         qFatal("%s", qPrintable(error));
     return session;
+}
+
+// Beside the other plugin, in a folder of the test's own.
+void TestSession::addTracking()
+{
+    const QString plugins = folder->filePath(QStringLiteral("plugins"));
+    QVERIFY(QDir().mkdir(plugins));
+    QVERIFY(QFile::link(QStringLiteral(SHELL_LIBRARIES "/good/libgood.so"),
+                        plugins + QStringLiteral("/libgood.so")));
+    QVERIFY(QFile::link(QStringLiteral(TRACKING_LIBRARY),
+                        plugins + QStringLiteral("/libqelLaserSeamTracking.so")));
+    options.pluginFolder = plugins;
 }
 
 // Without the three lines of the start.
@@ -201,6 +224,117 @@ void TestSession::cellThatCannotBeOpened()
     QString error;
     QVERIFY(!Session::open(options, &error));
     QVERIFY2(error.contains(options.cellFile), qPrintable(error));
+}
+
+namespace {
+
+QWidget* trackingPage()
+{
+    QWidget* page = nullptr;
+    const int code =
+        qelplugin::GetPluginNoUniqueWidget(QStringLiteral("qelLaserSeamTracking"), page);
+    return (code == 0) == (page != nullptr) ? page : nullptr;
+}
+
+QStringList tabTexts(Session& session)
+{
+    QStringList texts;
+    const auto* tabs = child<QTabBar>(&session.window(), "tabBar");
+    for (int index = 0; index < tabs->count(); ++index)
+        texts << tabs->tabText(index);
+    return texts;
+}
+
+const QString GoodTab = QStringLiteral("Label of good");
+const QString TrackingTab = QStringLiteral("Seam Tracking");
+
+} // namespace
+
+void TestSession::trackingComesWhenItIsTold_data()
+{
+    QTest::addColumn<int>("delay");
+    QTest::newRow("now") << 0;
+    QTest::newRow("after 3 seconds") << 3;
+    QTest::newRow("never") << -1;
+}
+
+void TestSession::trackingComesWhenItIsTold()
+{
+    QFETCH(int, delay);
+    addTracking();
+    options.trackingDelay = delay;
+    SingleShots::forget();
+    const auto session = open();
+    QCOMPARE(trackingPage() != nullptr, delay == 0);
+    QCOMPARE(tabTexts(*session).contains(TrackingTab), delay == 0);
+    bool isPending = false;
+    const auto shots = SingleShots::pending();
+    for (const auto& shot : shots)
+        isPending = isPending || shot.timer.interval == 3000;
+    QCOMPARE(isPending, delay > 0);
+    SingleShots::expire();
+    QCOMPARE(trackingPage() != nullptr, delay >= 0);
+    QCOMPARE(tabTexts(*session).contains(TrackingTab), delay >= 0);
+    QCOMPARE(session->plugins().reports().size(), delay >= 0 ? 2 : 1);
+    // The other one has been started once.
+    QCOMPARE(session->window().messages().rowCount(), 3);
+}
+
+void TestSession::trackingThatIsNotThere()
+{
+    options.trackingDelay = 3;
+    const auto session = open();
+    SingleShots::expire();
+    QCOMPARE(session->plugins().reports().size(), 1);
+}
+
+void TestSession::trackingPageShowsTheSeam()
+{
+    addTracking();
+    const auto session = open();
+    QWidget* page = trackingPage();
+    auto* camera = child<QWidget>(page, "camera");
+    auto* state = child<QLabel>(page, "label_state");
+    camera->resize(480, 300);
+    const QImage before = camera->grab().toImage();
+    QCOMPARE(state->text(), QStringLiteral("Ready. The sensor is off."));
+    child<QAbstractButton>(page, "button_sensor")->click();
+    QCOMPARE(state->text(), QStringLiteral("Seam found: 0.42 mm across, -0.18 mm in height"));
+    QVERIFY(camera->grab().toImage() != before);
+    child<QAbstractButton>(page, "button_sensor")->click();
+    QCOMPARE(camera->grab().toImage(), before);
+}
+
+void TestSession::pageIsTakenByAnotherPlugin()
+{
+    addTracking();
+    const auto session = open();
+    QCOMPARE(tabTexts(*session), (QStringList{GoodTab, TrackingTab}));
+    const auto* tabs = child<QTabBar>(&session->window(), "tabBar");
+    QVERIFY(tabs->isVisible());
+    auto* taker = child<QWidget>(&session->window(), "page_good");
+    QWidget* page = trackingPage();
+    page->setParent(taker);
+    page->show();
+    QCOMPARE(tabTexts(*session), QStringList{GoodTab});
+    QVERIFY(!tabs->isVisible());
+    QVERIFY(taker->isVisible() && page->isVisible());
+    QCOMPARE(trackingPage(), page);
+}
+
+// What the bar is titled is the program still.
+void TestSession::trackingComesWhileAProgramIsOpen()
+{
+    addTracking();
+    options.trackingDelay = 3;
+    const auto session = open();
+    auto* bar = child<QWidget>(&session->window(), "topBar");
+    auto* title = child<QLabel>(bar, "label_application");
+    child<QAbstractButton>(bar, "button_program")->click();
+    const QString before = title->text();
+    SingleShots::expire();
+    QVERIFY(trackingPage());
+    QCOMPARE(title->text(), before);
 }
 
 LASERWELD_TEST_MAIN(TestSession)
