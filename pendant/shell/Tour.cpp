@@ -11,7 +11,8 @@ namespace {
 TourChapter wholeStory()
 {
     TourChapter story;
-    for (const auto chapter : {weldSetupChapter, weldIoChapter, pendantChapter, programsChapter}) {
+    for (const auto chapter :
+         {weldSetupChapter, weldIoChapter, weldDataChapter, pendantChapter, programsChapter}) {
         for (TourStep& step : chapter())
             story.push_back(std::move(step));
     }

@@ -9,6 +9,8 @@ namespace pendant {
 TourChapter weldSetupChapter();
 /// The process signals are mapped to ports and registers, and watched at the controller.
 TourChapter weldIoChapter();
+/// A schedule and a matching record are set, a curve is measured.
+TourChapter weldDataChapter();
 /// What the pendant has beside: its messages, faults, plugins and users.
 TourChapter pendantChapter();
 /// A robot program is written, changed, saved and found again.
