@@ -263,16 +263,15 @@ void TestSession::trackingComesWhenItIsTold()
     QFETCH(int, delay);
     addTracking();
     options.trackingDelay = delay;
-    SingleShots::forget();
     const auto session = open();
     QCOMPARE(trackingPage() != nullptr, delay == 0);
     QCOMPARE(tabTexts(*session).contains(TrackingTab), delay == 0);
     bool isPending = false;
-    const auto shots = SingleShots::pending();
+    const auto shots = SingleShots::pending(session.get());
     for (const auto& shot : shots)
         isPending = isPending || shot.timer.interval == 3000;
     QCOMPARE(isPending, delay > 0);
-    SingleShots::expire();
+    SingleShots::expire(session.get());
     QCOMPARE(trackingPage() != nullptr, delay >= 0);
     QCOMPARE(tabTexts(*session).contains(TrackingTab), delay >= 0);
     QCOMPARE(session->plugins().reports().size(), delay >= 0 ? 2 : 1);
@@ -284,7 +283,7 @@ void TestSession::trackingThatIsNotThere()
 {
     options.trackingDelay = 3;
     const auto session = open();
-    SingleShots::expire();
+    SingleShots::expire(session.get());
     QCOMPARE(session->plugins().reports().size(), 1);
 }
 
@@ -332,7 +331,7 @@ void TestSession::trackingComesWhileAProgramIsOpen()
     auto* title = child<QLabel>(bar, "label_application");
     child<QAbstractButton>(bar, "button_program")->click();
     const QString before = title->text();
-    SingleShots::expire();
+    SingleShots::expire(session.get());
     QVERIFY(trackingPage());
     QCOMPARE(title->text(), before);
 }

@@ -37,22 +37,28 @@ inline QObjectList candidates()
     return found;
 }
 
-inline QVector<Shot> pending()
+inline QVector<Shot> pending(const QObject* owner = nullptr)
 {
+    auto* dispatcher = QAbstractEventDispatcher::instance();
+    QObjectList all = dispatcher->children();
+    if (owner)
+        all += owner->children();
     QVector<Shot> shots;
-    const QObjectList all = candidates();
-    for (QObject* each : all) {
-        const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(each);
-        for (const auto& timer : timers)
-            shots.append({each, timer});
+    for (QObject* each : qAsConst(all)) {
+        const auto* timer = qobject_cast<const QTimer*>(each);
+        if (!each->inherits("QSingleShotTimer") && !(timer && timer->isSingleShot()))
+            continue;
+        const auto timers = dispatcher->registeredTimers(each);
+        for (const auto& running : timers)
+            shots.append({each, running});
     }
     return shots;
 }
 
 /// Lets those expire that are pending now. Returns how many.
-inline int expire()
+inline int expire(const QObject* owner = nullptr)
 {
-    const QVector<Shot> shots = pending();
+    const QVector<Shot> shots = pending(owner);
     for (const Shot& shot : shots) {
         QTimerEvent event(shot.timer.timerId);
         QCoreApplication::sendEvent(shot.object, &event);
@@ -61,20 +67,12 @@ inline int expire()
 }
 
 /// Lets shots expire until none starts another. Returns how many there were.
-inline int expireAll()
+inline int expireAll(const QObject* owner = nullptr)
 {
     int total = 0;
-    for (int count = expire(); count > 0; count = expire())
+    for (int count = expire(owner); count > 0; count = expire(owner))
         total += count;
     return total;
-}
-
-/// Takes away those that are pending, as if they had never been started.
-inline void forget()
-{
-    const QVector<Shot> shots = pending();
-    for (const Shot& shot : shots)
-        delete shot.object;
 }
 
 } // namespace SingleShots
