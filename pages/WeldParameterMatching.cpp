@@ -416,6 +416,10 @@ bool WeldParameterPage::parseMatchParamToTable(const QJsonObject& processData,
 bool WeldParameterPage::validateMatchingTableParams() const
 {
     const QTableWidget* table = ui->tableWidget_matching;
+    if (!table) {
+        qWarning() << "validateMatchingTableParams: tableWidget_matching is null";
+        return false;
+    }
     if (table->rowCount() < HeaderRows + DataRows) {
         qWarning() << "validateMatchingTableParams: table does not have enough rows";
         return false;
