@@ -45,6 +45,10 @@ const char HeaderSheet[] =
     R"(color:#202020;font:400 11pt "Microsoft YaHei UI";})"
     R"(QLineEdit:hover,QLineEdit:focus{border-color:#0078d4;})";
 
+// The number of the matching record that is open.
+const char RecordSheet[] =
+    R"(QLabel{border:none;background:transparent;font:400 15pt "Microsoft YaHei UI";})";
+
 const char SpinSheet[] =
     R"(QSpinBox,QDoubleSpinBox{border:1px solid #c8c8c8;border-radius:4px;background:#ffffff;)"
     R"(color:#202020;padding:0px 2px 0px 4px;min-height:%1px;max-height:%1px;)"
@@ -104,6 +108,8 @@ void WeldParameterPage::applyPageStyle()
         UiScale::setStyleSheet((*ui).*table, QLatin1String(TableSheet), this);
     styleGroups();
     UiScale::setStyleSheet(ui->frame_config_header, QLatin1String(HeaderSheet), this);
+    for (QLabel* each : {ui->label_58, ui->label_ProcessID})
+        UiScale::setStyleSheet(each, QLatin1String(RecordSheet), this);
     styleFrames();
     styledFor = {};
     refreshConfigStyle();

@@ -200,6 +200,7 @@ private Q_SLOTS:
 
     // The table.
     void tableIsOfTheForm();
+    void tellsTheRecordInLargeType();
     void headerCellsAre_data();
     void headerCellsAre();
     void switchCellsAre_data();
@@ -457,6 +458,18 @@ void TestWeldMatching::tableIsOfTheForm()
         QCOMPARE(t.find<QLabel>(label)->font().pointSize(), 15);
     QCOMPARE(t.find<QHBoxLayout>("horizontalLayout_5")->count(), 2);
     QCOMPARE(t.stack()->indexOf(t.find<QWidget>("page_chart")), 2);
+}
+
+// The page's sheet has a font for all labels.
+void TestWeldMatching::tellsTheRecordInLargeType()
+{
+    const MatchingPage t;
+    t.page->applyPageStyle();
+    t.page->show();
+    for (const char* label : {"label_58", "label_ProcessID"}) {
+        t.find<QLabel>(label)->ensurePolished();
+        QCOMPARE(t.find<QLabel>(label)->font().pointSize(), 15);
+    }
 }
 
 void TestWeldMatching::headerCellsAre_data()
