@@ -1,10 +1,11 @@
 #include "ComboPopupFixer.h"
 
+#include "OwnedTimer.h"
+
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QFontMetrics>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -49,7 +50,7 @@ bool ComboPopupFixer::eventFilter(QObject*, QEvent* event)
         fixPopup();
         // Once more when the box has finished placing its popup. The view may go before, and this
         // filter with it.
-        QTimer::singleShot(0, combo, [self = QPointer<ComboPopupFixer>(this)] {
+        ownedSingleShot(0, combo.data(), [self = QPointer<ComboPopupFixer>(this)] {
             if (self)
                 self->fixPopup();
         });

@@ -1,13 +1,12 @@
 #include "LaserTrackingPage.h"
 
 #include "Log.h"
+#include "OwnedTimer.h"
 #include "StackedWidgetFit.h"
 #include "UiScale.h"
 #include "ui_LaserTrackingPage.h"
 
 #include <qelplugin.h>
-
-#include <QTimer>
 
 namespace {
 
@@ -70,7 +69,7 @@ void LaserTrackingPage::askAgain(int code)
     }
     ++embedRetries;
     LOGW(LogTag::Plugin) << Sibling << " embed pending, ret=" << code << " retry=" << embedRetries;
-    QTimer::singleShot(RetryPause, this, &LaserTrackingPage::embedTrackingWidget);
+    ownedSingleShot(RetryPause, this, &LaserTrackingPage::embedTrackingWidget);
 }
 
 void LaserTrackingPage::takeWidget()

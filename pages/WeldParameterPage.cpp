@@ -2,12 +2,11 @@
 
 #include "CommandReply.h"
 #include "Host.h"
+#include "OwnedTimer.h"
 #include "StyleHelpers.h"
 #include "UiScale.h"
 #include "WeldSettingPage.h"
 #include "ui_WeldParameterPage.h"
-
-#include <QTimer>
 
 namespace {
 
@@ -178,7 +177,7 @@ void WeldParameterPage::updateButtons(int view)
 // The focus moves after the view has changed.
 void WeldParameterPage::clearEditFocusLater()
 {
-    QTimer::singleShot(0, this, &WeldParameterPage::clearEditFocus);
+    ownedSingleShot(0, this, &WeldParameterPage::clearEditFocus);
 }
 
 void WeldParameterPage::clearEditFocus()

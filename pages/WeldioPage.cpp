@@ -4,6 +4,7 @@
 #include "EnableButton.h"
 #include "Host.h"
 #include "Log.h"
+#include "OwnedTimer.h"
 #include "StyleHelpers.h"
 #include "UiScale.h"
 #include "WeldSettingPage.h"
@@ -18,7 +19,6 @@
 #include <QSet>
 #include <QSignalBlocker>
 #include <QTableWidgetItem>
-#include <QTimer>
 
 #include <algorithm>
 #include <initializer_list>
@@ -469,7 +469,7 @@ void WeldioPage::requestLayout()
     if (layoutPending)
         return;
     layoutPending = true;
-    QTimer::singleShot(LayoutDelay, this, &WeldioPage::runLayout);
+    ownedSingleShot(LayoutDelay, this, &WeldioPage::runLayout);
 }
 
 void WeldioPage::runLayout()
