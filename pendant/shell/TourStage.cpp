@@ -44,6 +44,13 @@ void TourStage::close()
     session.reset();
 }
 
+bool TourStage::openAgain(int trackingDelay)
+{
+    close();
+    options.trackingDelay = trackingDelay;
+    return open();
+}
+
 // Two turns of the event loop, for what a step posted lays itself out in the second; and to the end
 // of what still slides.
 void TourStage::settle()

@@ -40,6 +40,8 @@ public:
 
     bool open();
     void close();
+    /// Closes and opens, with the seam-tracking plugin coming as Options::trackingDelay says.
+    bool openAgain(int trackingDelay);
     bool isOpen() const { return session != nullptr; }
     bool takePicture(const QString& file);
 

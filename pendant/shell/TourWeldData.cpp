@@ -1,8 +1,11 @@
 #include "TourChapters.h"
 
 #include "Controller.h"
+#include "MainWindow.h"
 
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QHeaderView>
 #include <QImage>
 #include <QJsonArray>
@@ -12,6 +15,7 @@
 #include <QTableWidget>
 
 #include <algorithm>
+#include <functional>
 
 namespace pendant {
 
@@ -462,6 +466,83 @@ bool cancelCurve(TourStage& stage)
                         latin("the table does not show what was saved"));
 }
 
+// ---------------------------------------------------------------- tracking
+
+constexpr int Patience = 20000; // milliseconds
+constexpr int Attempts = 25;    // of the page to find the other plugin, 200 ms apart
+/// So many of them before the page is opened that the rest lasts until the plugin comes.
+constexpr int EnoughAttempts = 14;
+
+/// Lines with the text in the plugin's log, with what was rotated.
+int logLines(const char* text)
+{
+    int lines = 0;
+    const QDir folder(latin("log/qelplugin/qelLaserWelding"));
+    const QFileInfoList files = folder.entryInfoList(QDir::Files);
+    for (const QFileInfo& each : files) {
+        QFile file(each.filePath());
+        if (file.open(QIODevice::ReadOnly))
+            lines += file.readAll().count(text);
+    }
+    return lines;
+}
+
+bool awaitLines(TourStage& stage, const char* text, int lines)
+{
+    return stage.expect(Hand::waitFor([&] { return logLines(text) >= lines; }, Patience),
+                        QStringLiteral("the log holds %1 lines \"%2\", not %3")
+                            .arg(logLines(text))
+                            .arg(latin(text))
+                            .arg(lines));
+}
+
+// The page is opened while the plugin is still missing. The start makes it look every 200 ms, the
+// opening twice as often besides, and all attempts count together: opened right after the start it
+// would have given up before the plugin comes.
+bool trackingComesLate(TourStage& stage)
+{
+    const int before = logLines("embed pending");
+    return stage.openAgain(3) && stage.logIn(TourStage::OperatorLevel) &&
+           awaitLines(stage, "embed pending", before + EnoughAttempts) &&
+           stage.clickTool(latin("Laser Tracking")) &&
+           stage.expect(Hand::waitFor(
+                            [&] {
+                                const auto* seam =
+                                    stage.window().findChild<QWidget*>(latin("seamTracking"));
+                                return seam && seam->isVisible();
+                            },
+                            Patience),
+                        latin("the page of the other plugin does not appear")) &&
+           stage.clickName(latin("LaserTrackingPage/button_sensor"));
+}
+
+bool isBlank(const QWidget& page)
+{
+    const auto all = page.findChildren<QWidget*>();
+    return std::none_of(all.begin(), all.end(), std::mem_fn(&QWidget::isVisible));
+}
+
+bool trackingNeverComes(TourStage& stage)
+{
+    const int pending = logLines("embed pending");
+    const int failed = logLines("embed failed;");
+    if (!stage.openAgain(-1) || !stage.logIn(TourStage::OperatorLevel) ||
+        !awaitLines(stage, "embed failed;", failed + 1))
+        return false;
+    const int attempts = logLines("embed pending") - pending;
+    const QWidget* page = stage.widget(latin("LaserTrackingPage"));
+    return stage.expect(attempts == Attempts,
+                        QStringLiteral("the log holds %1 attempts").arg(attempts)) &&
+           stage.clickTool(latin("Laser Tracking")) && page &&
+           stage.expect(page->isVisible() && isBlank(*page), latin("the page is not blank"));
+}
+
+bool trackingIsThere(TourStage& stage)
+{
+    return stage.openAgain(0) && stage.logIn(TourStage::OperatorLevel) &&
+           stage.clickTool(latin("Laser Tracking")) && expectVisible(stage, "seamTracking", true);
+}
+
 } // namespace
 
 TourChapter weldDataChapter()
@@ -490,6 +571,11 @@ TourChapter weldDataChapter()
         step("curve-number", "Another number of nodes begins anew", changeNumber),
         step("curve-cancelled", "\"Cancel\" shows again what was saved", cancelCurve),
         step("curve-mapped", "With its port back the tab is free", mappedAgain),
+        step("tracking-late", "\"Laser Tracking\": the plugin comes three seconds late",
+             trackingComesLate),
+        step("tracking-never", "Without it the page stays blank, as the log says",
+             trackingNeverComes),
+        step("tracking-now", "Started with it the page is there at once", trackingIsThere),
     };
 }
 
