@@ -1,5 +1,9 @@
 #include "RunRecord.h"
 
+#include "RecordSchema.h"
+#include "WeldCurves.h"
+#include "WeldDataSamples.h"
+#include "WeldParameterCheck.h"
 #include "WeldSignals.h"
 
 using pendant::weldSignals;
@@ -35,6 +39,11 @@ constexpr RunField runFields[] = {
 
 // The first three ports carry the number in this base, the others the number again.
 constexpr int ports = 128;
+
+// In this base the speed and the power of a matching record carry the number, and the output and
+// the value of a node.
+constexpr int speeds = 250;
+constexpr int outputs = 6000;
 
 int portOf(int signal, int run)
 {
@@ -87,6 +96,71 @@ int runOfMapping(const QJsonObject& record)
         run = run * ports + record.value(key).toString().midRef(2).toInt() - 1;
     }
     return run >= 0 && record == runMapping(run) ? run : -1;
+}
+
+QJsonObject runSchedule(int run)
+{
+    const QString key = pendant::scheduleKey(7);
+    QJsonObject record;
+    for (const pendant::Field& field : pendant::scheduleSchema().fields()) {
+        const int span = static_cast<int>(field.most - field.least) + 1;
+        const QJsonValue value = field.kind == pendant::FieldKind::Switch
+                                     ? QJsonValue(run % 2 == 0)
+                                     : QJsonValue(field.least + run % span);
+        record.insert(QString::fromStdString(field.key), value);
+    }
+    record.insert(QStringLiteral("LsDataID"), key);
+    record.insert(QStringLiteral("Tips"), QString::number(run));
+    return {{key, record}};
+}
+
+int runOfSchedule(const QJsonObject& schedules)
+{
+    const QString key = pendant::scheduleKey(7);
+    const QJsonObject record = schedules.value(key).toObject();
+    const int run = record.value(QLatin1String("Tips")).toString().toInt();
+    return listed(key, record) == runSchedule(run) ? run : -1;
+}
+
+QJsonObject runMatching(int run)
+{
+    const QString key = pendant::matchingKey(2);
+    const int speed = run % speeds;
+    const int power = run / speeds;
+    QJsonArray rows;
+    for (int row = 0; row < 4; ++row)
+        rows.append(QJsonArray{row * speeds + speed, row * 2500 + power, 10 + row + run % 9000,
+                               row + run % 90});
+    QJsonObject record = sampleMatching(key);
+    record.insert(QStringLiteral("power_data"), rows);
+    return {{key, record}};
+}
+
+int runOfMatching(const QJsonObject& records)
+{
+    const QString key = pendant::matchingKey(2);
+    const QJsonObject record = records.value(key).toObject();
+    const QJsonValue first = record.value(QLatin1String("power_data"))[0];
+    const int run = first[0].toInt() + speeds * first[1].toInt();
+    return listed(key, record) == runMatching(run) ? run : -1;
+}
+
+QJsonObject runCurve(int run)
+{
+    QJsonArray nodes;
+    for (int row = 0; row < 2 + run % 9; ++row)
+        nodes.append(QJsonArray{row * outputs + run % outputs, row * outputs + run / outputs});
+    return curveRecord(pendant::weldCurves()[0], nodes);
+}
+
+int runOfCurve(const QJsonObject& curves)
+{
+    const pendant::WeldCurve& power = pendant::weldCurves()[0];
+    const QJsonArray nodes = curves.value(QLatin1String(power.nodesKey)).toArray();
+    const int run = nodes.at(0)[0].toInt() + outputs * nodes.at(0)[1].toInt();
+    const QJsonObject curve = curveRecord(power, nodes);
+    const bool isCounted = curves.value(QLatin1String(power.numberKey)) == nodes.size();
+    return isCounted && curve == runCurve(run) ? run : -1;
 }
 
 QByteArray runProgram(int run)

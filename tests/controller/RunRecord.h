@@ -17,6 +17,25 @@ QJsonObject runMapping(int run);
 /// The number of such a mapping; -1 when a port does not fit the others.
 int runOfMapping(const QJsonObject& record);
 
+/// A schedule likewise, under its key "LsData7".
+QJsonObject runSchedule(int run);
+
+/// The number of the schedule among all of "weld_param_config".
+int runOfSchedule(const QJsonObject& schedules);
+
+/// A matching record likewise, under its key "PowerData2". Numbers below 600 thousands are told
+/// apart.
+QJsonObject runMatching(int run);
+
+/// The number of the record among all of "weld_param_match".
+int runOfMatching(const QJsonObject& records);
+
+/// A power curve likewise. Numbers below 30 millions are told apart.
+QJsonObject runCurve(int run);
+
+/// The number of the power curve in "weld_curve_config".
+int runOfCurve(const QJsonObject& curves);
+
 /// A program of some pages of the cell, whose lines and their number follow from one number.
 QByteArray runProgram(int run);
 

@@ -1,5 +1,5 @@
 // Saves records or programs with rising numbers until it is killed, and tells each number that was
-// answered with success. Arguments: the cell, the first number, "record", "mapping" or the
+// answered with success. Arguments: the cell, the first number, the command of the record or the
 // program's name.
 
 #include "Controller.h"
@@ -19,12 +19,24 @@ bool saveRecord(pendant::Controller& controller, const QString& name, const QJso
     return answers.value(name).toObject().value(QLatin1String("return")) == QJsonValue(0);
 }
 
+struct RunCommand
+{
+    const char* name;
+    QJsonObject (*payload)(int run);
+};
+
+constexpr RunCommand commands[] = {
+    {"set_weld_setting_config", runRecord},      {"set_weld_io_config", runMapping},
+    {"set_weld_param_list_config", runSchedule}, {"set_weld_param_match_config", runMatching},
+    {"set_weld_curve_power_config", runCurve},
+};
+
 bool save(pendant::Controller& controller, const QString& what, int run)
 {
-    if (what == QLatin1String("record"))
-        return saveRecord(controller, QStringLiteral("set_weld_setting_config"), runRecord(run));
-    if (what == QLatin1String("mapping"))
-        return saveRecord(controller, QStringLiteral("set_weld_io_config"), runMapping(run));
+    for (const RunCommand& command : commands) {
+        if (what == QLatin1String(command.name))
+            return saveRecord(controller, what, command.payload(run));
+    }
     return controller.saveProgram(what, runProgram(run));
 }
 

@@ -11,17 +11,31 @@ using namespace pendant;
 
 namespace {
 
-const QString record = QStringLiteral("record");
-const QString mapping = QStringLiteral("mapping");
 const QString setting = QStringLiteral("weld_setting_config");
-const QString weldIo = QStringLiteral("weld_io_config");
+const QString setSetting = QStringLiteral("set_weld_setting_config");
 const QString program = QStringLiteral("main");
+
+/// A command whose saves carry a number, and how it is read back from the cell.
+struct RunCommand
+{
+    const char* name;
+    const char* record;
+    int (*run)(const QJsonObject& record);
+};
+
+constexpr RunCommand commands[] = {
+    {"set_weld_setting_config", "weld_setting_config", runOf},
+    {"set_weld_io_config", "weld_io_config", runOfMapping},
+    {"set_weld_param_list_config", "weld_param_config", runOfSchedule},
+    {"set_weld_param_match_config", "weld_param_match", runOfMatching},
+    {"set_weld_curve_power_config", "weld_curve_config", runOfCurve},
+};
 
 /// A process that saves until it is killed.
 class Writer
 {
 public:
-    Writer(const QString& cell, int first, const QString& what = record)
+    Writer(const QString& cell, int first, const QString& what = setSetting)
     {
         const QString writer =
             QCoreApplication::applicationDirPath() + QStringLiteral("/kill_writer");
@@ -90,10 +104,10 @@ QByteArray storedProgram(const QString& cell, QString* error)
 /// The number of what is stored; -1 when it is not whole.
 int storedRun(const QString& cell, const QString& what, QString* error)
 {
-    if (what == record)
-        return runOf(storedRecord(cell, setting, error));
-    if (what == mapping)
-        return runOfMapping(storedRecord(cell, weldIo, error));
+    for (const RunCommand& command : commands) {
+        if (what == QLatin1String(command.name))
+            return command.run(storedRecord(cell, QLatin1String(command.record), error));
+    }
     return runOf(storedProgram(cell, error));
 }
 
@@ -138,10 +152,17 @@ void KillTest::killedWhileSaving_data()
     QTest::addColumn<QString>("what");
     // A disk takes nearly all of a save for the flush at its end. Memory takes none, so that the
     // kills fall upon the steps of the save itself.
-    QTest::newRow("disk") << QDir::tempPath() << 20000 << record;
-    QTest::newRow("memory") << QStringLiteral("/dev/shm") << 1000 << record;
-    QTest::newRow("mapping") << QStringLiteral("/dev/shm") << 3000 << mapping;
-    QTest::newRow("program") << QStringLiteral("/dev/shm") << 2000 << program;
+    QTest::newRow("disk") << QDir::tempPath() << 20000 << setSetting;
+    const auto row = [](const char* what, int microseconds) {
+        QTest::newRow(what) << QStringLiteral("/dev/shm") << microseconds
+                            << QString(QLatin1String(what));
+    };
+    row("set_weld_setting_config", 1000);
+    row("set_weld_io_config", 3000);
+    row("set_weld_param_list_config", 2000);
+    row("set_weld_param_match_config", 1000);
+    row("set_weld_curve_power_config", 1000);
+    row("main", 2000);
 }
 
 void KillTest::killedWhileSaving()
