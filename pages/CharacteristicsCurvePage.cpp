@@ -13,11 +13,12 @@
 
 #include <QDoubleSpinBox>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QSpinBox>
 
 #include <algorithm>
-#include <limits>
+#include <array>
 
 namespace {
 
@@ -28,6 +29,8 @@ constexpr char IoKey[] = "weld_io_config";
 constexpr char ComputeCommand[] = "compute_curve_config";
 
 constexpr int LeastNodes = 2;
+/// Free room on each side of the three buttons, where there is that much.
+constexpr int ButtonMargin = 50;
 /// Rows that a record may ask for; the box offers up to ten.
 constexpr int MostRows = 200;
 
@@ -40,9 +43,9 @@ const char PageSheet[] =
     R"(QTableWidget{background:#ffffff;gridline-color:#d0d0d0;border:1px solid #d0d0d0;)"
     R"(font:400 10pt "Microsoft YaHei UI";color:#202020;selection-background-color:#0078D4;})"
     R"(QTableWidget QHeaderView::section{background:#224d75;color:#ffffff;border:none;)"
-    R"(border-right:1px solid #d0d0d0;padding:4px;min-height:24px;)"
+    R"(border-right:1px solid #d0d0d0;padding:4px 1px;min-height:24px;)"
     R"(font:400 10pt "Microsoft YaHei UI";})"
-    R"(QTableWidget QAbstractSpinBox{background:transparent;border:none;padding:0px 6px;)"
+    R"(QTableWidget QAbstractSpinBox{background:transparent;border:none;padding:0px 3px;)"
     R"(color:#202020;})"
     R"(QTableWidget QAbstractSpinBox:disabled{color:#A3A4A4;})"
     R"(QComboBox{background:#ffffff;color:#202020;border:2px solid #E4E4E4;border-radius:10px;)"
@@ -55,8 +58,8 @@ const char PageSheet[] =
     R"(padding:5px;})"
     R"(QComboBox QAbstractItemView{background:#ffffff;border:2px solid #E4E4E4;outline:0;)"
     R"(selection-background-color:#007cf9;selection-color:#ffffff;})"
-    R"(QPushButton{background:#224d75;color:#ffffff;min-width:72px;min-height:36px;border:none;)"
-    R"(border-radius:6px;padding:0px 6px;font-size:16px;})"
+    R"(QPushButton{background:#224d75;color:#ffffff;min-height:36px;border:none;border-radius:6px;)"
+    R"(padding:0px 2px;font-size:16px;})"
     R"(QPushButton:hover{background:#8AB6F0;})"
     R"(QPushButton:pressed{background:#D9E6F2;})"
     R"(QPushButton:disabled{background:#cccccc;color:#A3A4A4;})";
@@ -119,19 +122,19 @@ int stepFor(int largest)
 {
     if (largest <= 0)
         return 1;
-    int power = 1;
+    qint64 power = 1; // rounding up may leave the range of an int
     while (largest / power >= 10)
         power *= 10;
-    const int up = (largest + power - 1) / power * power;
-    return (up + power) / 5;
+    const qint64 up = (largest + power - 1) / power * power;
+    return static_cast<int>((up + power) / 5);
 }
 
 void reach(Axis& axis, double value)
 {
-    if (value <= axis.last)
-        return;
-    axis.last = truncatedToInt(value + 1);
-    axis.step = stepFor(axis.last);
+    if (value > axis.last) {
+        axis.last = truncatedToInt(value + 1);
+        axis.step = stepFor(axis.last);
+    }
 }
 
 QString yTitleOf(const CustomChart* chart)
@@ -219,32 +222,40 @@ struct CharacteristicsCurvePage::Curve
     QPushButton* Form::*compute;
     QPushButton* Form::*cancel;
     QPushButton* Form::*save;
+    QHBoxLayout* Form::*buttonRow;
     const char* nodeKey;
     const char* dataKey;
     const char* saveCommand;
     const char* enabledKey; ///< of the mapping, like the next
     const char* portKey;
     void (CharacteristicsCurvePage::*unused)(); ///< connected behind the compute button
+
+    std::array<QPushButton*, 3> buttons(const Form& form) const
+    {
+        return {form.*compute, form.*cancel, form.*save};
+    }
 };
 
 const CharacteristicsCurvePage::Curve CharacteristicsCurvePage::curves[] = {
     {&Form::laserpower, &Form::comboBox_node, &Form::tableWidget_laserpower,
      &Form::Chart_laserpower, &Form::pushButton_compute, &Form::pushButton_cancel,
-     &Form::pushButton_Save_laserpower, "laser_power_node", "power_nodes_data",
-     "set_weld_curve_power_config", "power_enabled", "power_port",
-     &CharacteristicsCurvePage::onComputePowerChart},
+     &Form::pushButton_Save_laserpower, &Form::horizontalLayout_buttons_laserpower,
+     "laser_power_node", "power_nodes_data", "set_weld_curve_power_config", "power_enabled",
+     "power_port", &CharacteristicsCurvePage::onComputePowerChart},
     {&Form::feedspeed, &Form::comboBox_node_2, &Form::tableWidget_feedspeed, &Form::Chart_feedspeed,
      &Form::pushButton_compute_5, &Form::pushButton_cancel_5, &Form::pushButton_Save_speed,
-     "laser_feed_node", "feed_nodes_data", "set_weld_curve_feed_config", "wire_speed_enabled",
-     "wire_speed_port", nullptr},
+     &Form::horizontalLayout_buttons_feedspeed, "laser_feed_node", "feed_nodes_data",
+     "set_weld_curve_feed_config", "wire_speed_enabled", "wire_speed_port", nullptr},
     {&Form::frequency, &Form::comboBox_node_3, &Form::tableWidget_frequency, &Form::Chart_frequency,
      &Form::pushButton_compute_2, &Form::pushButton_cancel_2, &Form::pushButton_Save_frequency,
-     "laser_frequency_node", "frequency_nodes_data", "set_weld_curve_frequency_config",
-     "frequency_enabled", "frequency_port", &CharacteristicsCurvePage::onComputeFrequencyChart},
+     &Form::horizontalLayout_buttons_frequency, "laser_frequency_node", "frequency_nodes_data",
+     "set_weld_curve_frequency_config", "frequency_enabled", "frequency_port",
+     &CharacteristicsCurvePage::onComputeFrequencyChart},
     {&Form::dutycycle, &Form::comboBox_node_4, &Form::tableWidget_dutycycle, &Form::Chart_dutycycle,
      &Form::pushButton_compute_3, &Form::pushButton_cancel_3, &Form::pushButton_Save_dutycycle,
-     "laser_dutycycle_node", "dutycycle_nodes_data", "set_weld_curve_dutycycle_config",
-     "duty_cycle_enabled", "duty_cycle_port", &CharacteristicsCurvePage::onComputeDutyCycleChart},
+     &Form::horizontalLayout_buttons_dutycycle, "laser_dutycycle_node", "dutycycle_nodes_data",
+     "set_weld_curve_dutycycle_config", "duty_cycle_enabled", "duty_cycle_port",
+     &CharacteristicsCurvePage::onComputeDutyCycleChart},
 };
 
 CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage, QWidget* parent)
@@ -256,11 +267,50 @@ CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage,
     UiScale::expand(this);
     for (int tab = 0; tab < TabCount; ++tab)
         rebuildNodeTable(table(tab), LeastNodes, {});
-    for (int tab = 0; tab < TabCount; ++tab)
+    for (int tab = 0; tab < TabCount; ++tab) {
         connectTab(tab);
+        letButtonsShrink(tab);
+    }
 }
 
 CharacteristicsCurvePage::~CharacteristicsCurvePage() = default;
+
+// The buttons take what is there; on a narrow page their texts need the room beside them.
+void CharacteristicsCurvePage::letButtonsShrink(int tab)
+{
+    for (QPushButton* button : curves[tab].buttons(*ui))
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    chart(tab)->installEventFilter(this);
+}
+
+// The chart is as wide as the row of the buttons below it.
+bool CharacteristicsCurvePage::eventFilter(QObject* watched, QEvent* event)
+{
+    for (int tab = 0; tab < TabCount && event->type() == QEvent::Resize; ++tab) {
+        if (watched == chart(tab))
+            fitButtons(tab);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// All of one width where there is room, else as wide as their texts demand.
+void CharacteristicsCurvePage::fitButtons(int tab)
+{
+    QHBoxLayout* row = (*ui).*curves[tab].buttonRow;
+    const auto buttons = curves[tab].buttons(*ui);
+    int needed = 0;
+    for (const QPushButton* button : buttons)
+        needed = std::max(needed, button->sizeHint().width());
+    needed = needed * row->count() + row->spacing() * (row->count() - 1);
+    const bool isWide = chart(tab)->width() >= needed + 2 * ButtonMargin;
+    for (QPushButton* button : buttons)
+        row->setStretchFactor(button, isWide ? 0 : button->sizeHint().width());
+    const int side = std::clamp((chart(tab)->width() - needed) / 2, 0, ButtonMargin);
+    QMargins margins = row->contentsMargins();
+    margins.setLeft(side);
+    margins.setRight(side);
+    row->setContentsMargins(margins);
+}
 
 void CharacteristicsCurvePage::connectTab(int tab)
 {
@@ -359,6 +409,7 @@ void CharacteristicsCurvePage::arrangeColumns(QTableWidget* table)
     UiScale::expand(table);
     QHeaderView* header = table->horizontalHeader();
     header->setStretchLastSection(false);
+    header->setTextElideMode(Qt::ElideRight);
     header->setSectionResizeMode(Node, QHeaderView::Fixed);
     header->setSectionResizeMode(Output, QHeaderView::Stretch);
     header->setSectionResizeMode(Process, QHeaderView::Stretch);
@@ -476,8 +527,8 @@ void CharacteristicsCurvePage::setEditable(int tab, bool editable)
                                          : QAbstractItemView::NoEditTriggers);
     setEditorsEnabled(table(tab), editable);
     nodeBox(tab)->setEnabled(editable);
-    for (QPushButton* Form::*button : {curve.compute, curve.cancel, curve.save})
-        ((*ui).*button)->setEnabled(editable);
+    for (QPushButton* button : curve.buttons(*ui))
+        button->setEnabled(editable);
 }
 
 bool CharacteristicsCurvePage::validateNodes(const QTableWidget* table)

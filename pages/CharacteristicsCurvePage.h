@@ -79,6 +79,7 @@ public Q_SLOTS:
     void refreshFrequencyCmb(int index);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -88,6 +89,8 @@ private:
     static bool isConfigured(const Curve& curve, const QJsonObject& mapping);
 
     void connectTab(int tab);
+    void letButtonsShrink(int tab);
+    void fitButtons(int tab);
     void addNodeRow(QTableWidget* table, int number, double x, double y);
     QWidget* newOutputEditor(double value);
     QWidget* newProcessEditor(const QTableWidget* table, double value);
