@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -83,7 +84,7 @@ protected:
         drawTicks(painter);
         painter.setPen(QPen(Qt::black, 1));
         painter.setBrush(QBrush(Qt::black, Qt::SolidPattern));
-        for (const auto& point : plot.points)
+        for (const auto& point : std::as_const(plot.points))
             painter.drawEllipse(QPoint(50 + xOffset(point.first), yPixel(point.second)), 3, 3);
         painter.setFont(QFont("Arial"_s, 10));
         painter.drawText(right() - 30, height() - 5, plot.xTitle);

@@ -4,7 +4,8 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 
-#include <array>
+#include <algorithm>
+#include <iterator>
 
 using namespace ScheduleTest;
 
@@ -32,7 +33,30 @@ constexpr Column Columns[] = {
 constexpr int CheckOrder[] = {2, 3, 4, 1};
 constexpr int SwitchColumns[] = {2, 3, 4};
 
-using Values = std::array<std::array<int, 4>, 4>;
+/// The values of a row: speed, power, frequency, duty cycle.
+struct Row
+{
+    int values[4];
+    int& operator[](int index) { return values[index]; }
+    int operator[](int index) const { return values[index]; }
+    bool operator==(const Row& other) const
+    {
+        return std::equal(std::begin(values), std::end(values), std::begin(other.values));
+    }
+};
+
+/// The four rows of a record.
+struct Values
+{
+    Row rows[4];
+    Row& operator[](int index) { return rows[index]; }
+    const Row& operator[](int index) const { return rows[index]; }
+    bool operator==(const Values& other) const
+    {
+        return std::equal(std::begin(rows), std::end(rows), std::begin(other.rows));
+    }
+};
+
 constexpr Values Defaults{
     {{10, 100, 100, 10}, {20, 200, 200, 20}, {30, 300, 300, 30}, {40, 400, 400, 40}}};
 constexpr Values Stored{
@@ -46,7 +70,7 @@ QJsonArray row(int speed, int power, int frequency, int duty)
 QJsonArray rowsOf(const Values& values)
 {
     QJsonArray rows;
-    for (const auto& each : values)
+    for (const Row& each : values.rows)
         rows.append(row(each[0], each[1], each[2], each[3]));
     return rows;
 }
@@ -164,8 +188,15 @@ struct MatchingPage : PageOnHost
     int reads() const { return asked().count("getQelServiceData weld_param_match"_s); }
 };
 
-const QStringList NothingListed{"(none)"_s, "(none)"_s, "(none)"_s, "(none)"_s};
-const QStringList StoredListed{"14"_s, "1004"_s, "54"_s, "24"_s};
+QStringList nothingListed()
+{
+    return {"(none)"_s, "(none)"_s, "(none)"_s, "(none)"_s};
+}
+
+QStringList storedListed()
+{
+    return {"14"_s, "1004"_s, "54"_s, "24"_s};
+}
 
 /// A table of the page's form with editors, for what is parsed into it.
 struct ParseTarget
@@ -383,14 +414,14 @@ void TestWeldMatching::listSkips()
     QFETCH(const QJsonValue, record);
     QFETCH(const QString, warning);
     MatchingPage t({{keyOf(1), storedRecord()}});
-    QCOMPARE(t.listed(1), StoredListed);
-    QCOMPARE(t.listed(2), NothingListed);
+    QCOMPARE(t.listed(1), storedListed());
+    QCOMPARE(t.listed(2), nothingListed());
     t.store(QJsonObject{{keyOf(1), record}, {keyOf(2), storedRecord()}});
     if (!warning.isEmpty())
         expectWarning(warning);
     t.page->setTableMatchData();
-    QCOMPARE(t.listed(1), StoredListed);
-    QCOMPARE(t.listed(2), StoredListed);
+    QCOMPARE(t.listed(1), storedListed());
+    QCOMPARE(t.listed(2), storedListed());
     QVERIFY(t.host.messages.isEmpty());
 }
 
@@ -412,11 +443,11 @@ void TestWeldMatching::listWithoutRecords()
     t.store(records);
     expectWarning("setTableMatchData: weld_param_match is not an object or not found"_s);
     t.page->setTableMatchData();
-    QCOMPARE(t.listed(3), StoredListed);
+    QCOMPARE(t.listed(3), storedListed());
     // A record that is not there is none of which to speak.
     t.store(QJsonObject{{"PowerData"_s, 1}, {"PowerData0"_s, 1}, {"PowerData11"_s, 1}});
     t.page->setTableMatchData();
-    QCOMPARE(t.listed(3), StoredListed);
+    QCOMPARE(t.listed(3), storedListed());
 }
 
 void TestWeldMatching::listIsReadWhenItIsShown()
@@ -918,7 +949,7 @@ void TestWeldMatching::readsRows()
         expectWarning(each);
     t.page->loadMatchData(keyOf(1));
     Values expected = Defaults;
-    std::copy_n(Stored.begin(), rows, expected.begin());
+    std::copy_n(Stored.rows, rows, expected.rows);
     QCOMPARE(t.values(), expected);
     QCOMPARE(t.switches(), QList<bool>({true, false, true}));
     QCOMPARE(t.table()->rowCount(), 6);
