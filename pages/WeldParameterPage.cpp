@@ -24,6 +24,7 @@ void stretchColumns(QTableWidget* table, int firstWidth)
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setSectionResizeMode(0, QHeaderView::Fixed);
     header->setStretchLastSection(true);
+    header->setHighlightSections(false); // or a selected row makes all of them bold
     table->setColumnWidth(0, firstWidth);
 }
 

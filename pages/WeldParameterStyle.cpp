@@ -13,6 +13,7 @@ namespace {
 using Form = Ui_WeldParameterPage;
 
 constexpr QSize SwitchSize(50, 24);
+constexpr int SpareRow = 10; // of the frames' grids, below all others
 
 constexpr QFrame* Form::*Frames[] = {
     &Form::frame,    &Form::frame_16, &Form::frame_2,  &Form::frame_3,
@@ -31,9 +32,11 @@ const char TableSheet[] =
 
 const char GroupSheet[] = R"(QGroupBox{background:#ffffff;border:none;margin:0px;padding:0px;})";
 
-// By their names, or the labels in them would get the border as well.
+// By their names, or the labels in them would get the border as well. Nothing in them brings a
+// ground of its own along.
 const char FrameSheet[] =
-    R"(QFrame#%1{background:#f8f9fa;border:1px solid #d6d6d6;border-radius:6px;})";
+    R"(QFrame#%1{background:#f8f9fa;border:1px solid #d6d6d6;border-radius:6px;})"
+    R"(QFrame#%1 QLabel{background:transparent;})";
 
 // A label takes its font from the page's sheet unless a nearer one gives it another.
 const char HeaderSheet[] =
@@ -191,6 +194,7 @@ void WeldParameterPage::arrangeConfigLayouts()
             continue;
         for (int column = 0; column < 3; ++column)
             grid->setColumnStretch(column, column == 2 ? 1 : 0);
+        grid->setRowStretch(SpareRow, 1); // the rows keep together
     }
 }
 
@@ -234,14 +238,22 @@ void WeldParameterPage::styleConfigNumbers()
     const QString sheet =
         UiScale::styleSheet(QString(QLatin1String(SpinSheet)).arg(compactHeight()), this);
     const auto numbers = ui->tabWidget_config->findChildren<QAbstractSpinBox*>();
-    for (QAbstractSpinBox* each : numbers)
+    const int sixDigits =
+        QFontMetrics(UiScale::font(10, this)).horizontalAdvance(QLatin1Char('0')) * 6;
+    for (QAbstractSpinBox* each : numbers) {
+        each->setMinimumWidth(sixDigits + 8); // with padding and border
         UiScale::setScaledSheet(each, sheet);
+    }
     const auto switches = ui->page_config->findChildren<EnableButton*>();
     for (EnableButton* each : switches)
         each->setFixedSize(SwitchSize);
     QFrame* stick = ui->frame_wire_stick_row;
     stick->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     stick->setFixedHeight(12 + SwitchSize.height());
+    QMargins margins = ui->horizontalLayout_wire_stick->contentsMargins();
+    margins.setTop(5); // beside the border
+    margins.setBottom(5);
+    ui->horizontalLayout_wire_stick->setContentsMargins(margins);
 }
 
 void WeldParameterPage::styleConfigHeader()
@@ -268,4 +280,7 @@ void WeldParameterPage::styleConfigHeader()
     ui->label_ID->setFont(weighted(UiScale::font(13, this), 75));
     ui->lineEdit->setFont(font);
     ui->lineEdit->setMinimumWidth(140);
+    ui->lineEdit->setFixedHeight(height);
+    ui->horizontalLayout_8->setStretchFactor(ui->horizontalLayout_comment, 1);
+    ui->horizontalLayout_comment->setStretchFactor(ui->lineEdit, 1);
 }
