@@ -1,0 +1,118 @@
+// Opening a schedule on the weld data page. The first opening gives the detail view its look and
+// lays it out; a later one finds all that in place, and the record on show. Times are those of the
+// processor.
+
+#include "PageBench.h"
+#include "Ratio.h"
+#include "WeldParameterPage.h"
+
+#include <QApplication>
+#include <QJsonObject>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <ctime>
+
+namespace {
+
+constexpr int Rounds = 40; // the least of them counts
+constexpr double Limit = 0.25;
+
+class ScheduleHost : public PageBench::CellHost
+{
+public:
+    QJsonValue serviceData(const QString& key) override
+    {
+        if (key != QLatin1String("weld_param_config"))
+            return CellHost::serviceData(key);
+        QJsonObject records;
+        for (int number = 1; number <= 30; ++number)
+            records.insert(QString::fromLatin1("LsData%1").arg(number),
+                           QJsonObject{{QLatin1String("welding_speed"), 10 + number},
+                                       {QLatin1String("laser_power_weld"), 100 * number},
+                                       {QLatin1String("wire_feed_enable_end"), true},
+                                       {QLatin1String("wire_retraction_end"), true},
+                                       {QLatin1String("Tips"), QLatin1String("fillet")}});
+        return records;
+    }
+};
+
+template<typename Work>
+double processorMicroseconds(const Work& work)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+    };
+    const double start = now();
+    work();
+    return now() - start;
+}
+
+void settle()
+{
+    for (int turn = 0; turn < 5; ++turn)
+        QApplication::processEvents();
+}
+
+/// Counts the style sheets that are set below a widget.
+class SheetWatch : public QObject
+{
+public:
+    explicit SheetWatch(QWidget* page)
+    {
+        page->installEventFilter(this);
+        const auto widgets = page->findChildren<QWidget*>();
+        for (QWidget* each : widgets)
+            each->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::StyleChange)
+            ++count;
+        return false;
+    }
+    int count = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QFont::insertSubstitution(QLatin1String("Microsoft YaHei UI"),
+                              QLatin1String("Noto Sans CJK SC"));
+    const ScheduleHost host;
+    QWidget window;
+    window.resize(820, 560);
+    auto* page = new WeldParameterPage(nullptr, &window);
+    (new QVBoxLayout(&window))->addWidget(page);
+    page->applyPageStyle();
+    window.show();
+    settle();
+    page->findChild<QTableWidget*>(QLatin1String("tableWidget"))->selectRow(6);
+    auto* details = page->findChild<QPushButton*>(QLatin1String("pushButton_Config"));
+    auto* back = page->findChild<QPushButton*>(QLatin1String("pushButton_back"));
+    const auto open = [details] {
+        return processorMicroseconds([details] {
+            details->click();
+            settle();
+        });
+    };
+    const double first = open();
+    double again = 1e300;
+    const SheetWatch watch(page);
+    for (int round = 0; round < Rounds; ++round) {
+        back->click();
+        settle();
+        again = std::min(again, open());
+    }
+    bool holds = Ratio::report("a schedule opened again / opened first", {again, first}, Limit);
+    std::printf("%-58s %12d\n", "style changes while opened again", watch.count);
+    holds &= watch.count == 0;
+    return holds ? 0 : 1;
+}
