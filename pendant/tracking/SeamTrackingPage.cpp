@@ -53,7 +53,7 @@ SeamTrackingPage::SeamTrackingPage(QWidget* parent)
 void SeamTrackingPage::setSearching(bool on)
 {
     camera->setSearching(on);
-    state->setText(on ? tr("Seam found: %1 mm across, %2 mm in height")
+    state->setText(on ? tr("Seam: %1 mm across, %2 mm up")
                             .arg(SeamOffset.x(), 0, 'f', 2)
                             .arg(SeamOffset.y(), 0, 'f', 2)
                       : tr("Ready. The sensor is off."));

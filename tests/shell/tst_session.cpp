@@ -298,7 +298,7 @@ void TestSession::trackingPageShowsTheSeam()
     const QImage before = camera->grab().toImage();
     QCOMPARE(state->text(), QStringLiteral("Ready. The sensor is off."));
     child<QAbstractButton>(page, "button_sensor")->click();
-    QCOMPARE(state->text(), QStringLiteral("Seam found: 0.42 mm across, -0.18 mm in height"));
+    QCOMPARE(state->text(), QStringLiteral("Seam: 0.42 mm across, -0.18 mm up"));
     QVERIFY(camera->grab().toImage() != before);
     child<QAbstractButton>(page, "button_sensor")->click();
     QCOMPARE(camera->grab().toImage(), before);
