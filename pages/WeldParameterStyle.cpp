@@ -84,13 +84,23 @@ void tighten(QLayout* layout, int margin, int spacing)
         layout->setSpacing(spacing);
 }
 
+/// Fixes the height of a field as its sheet does: without the border until the sheet is in force,
+/// and with it from then on. Qt does so itself only when the sheet changes.
+void fixHeight(QWidget* field, const QString& sheet, int height, int border)
+{
+    const bool isInForce =
+        field->testAttribute(Qt::WA_WState_Polished) && field->styleSheet() == sheet;
+    field->setMinimumHeight(isInForce ? height + 2 * border : height);
+    field->setMaximumHeight(isInForce ? height + 2 * border : height);
+    UiScale::setScaledSheet(field, sheet);
+}
+
 void styleCombo(QComboBox* box, QWidget* page, int height, int radius, int arrowWidth)
 {
     box->setMaxVisibleItems(10);
     box->setSizePolicy(box->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
-    box->setMinimumHeight(height);
-    box->setMaximumHeight(height);
-    UiScale::setStyleSheet(box, comboStyleSheet(page, height, radius, arrowWidth, true), page);
+    const QString sheet = comboStyleSheet(page, height, radius, arrowWidth, true);
+    fixHeight(box, UiScale::styleSheet(sheet, page), height, 2);
     UiScale::tuneComboPopup(box, 10);
     UiScale::fixComboPopupHeight(box, 10);
 }
@@ -242,7 +252,7 @@ void WeldParameterPage::styleConfigNumbers()
         QFontMetrics(UiScale::font(10, this)).horizontalAdvance(QLatin1Char('0')) * 6;
     for (QAbstractSpinBox* each : numbers) {
         each->setMinimumWidth(sixDigits + 8); // with padding and border
-        UiScale::setScaledSheet(each, sheet);
+        fixHeight(each, sheet, compactHeight(), 1);
     }
     const auto switches = ui->page_config->findChildren<EnableButton*>();
     for (EnableButton* each : switches)
