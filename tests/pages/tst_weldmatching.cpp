@@ -18,16 +18,15 @@ struct Column
     const char* caption;
     const char* listCaption;
     int low, high;
-    int first; ///< default in the first row; row i holds i times as much
     const char* enableKey;
     const char* name;
 };
 
 constexpr Column Columns[] = {
-    {1, "Welding Speed (mm/s)", "Speed (mm/s)", 0, 1000, 10, nullptr, "Speed"},
-    {2, "Power (W)", "Laser Power (W)", 0, 10000, 100, "power_enable", "Power"},
-    {3, "Frequency (Hz)", "Frequency (Hz)", 10, 10000, 100, "frequency_enable", "Frequency"},
-    {4, "Duty Cycle (%)", "Duty Cycle (%)", 0, 100, 10, "dutycycle_enable", "Duty Cycle"},
+    {1, "Welding Speed (mm/s)", "Speed (mm/s)", 0, 1000, nullptr, "Speed"},
+    {2, "Power (W)", "Laser Power (W)", 0, 10000, "power_enable", "Power"},
+    {3, "Frequency (Hz)", "Frequency (Hz)", 10, 10000, "frequency_enable", "Frequency"},
+    {4, "Duty Cycle (%)", "Duty Cycle (%)", 0, 100, "dutycycle_enable", "Duty Cycle"},
 };
 /// The order in which a pair of rows is checked.
 constexpr int CheckOrder[] = {2, 3, 4, 1};
@@ -589,7 +588,7 @@ void TestWeldMatching::editorsAre()
     QVERIFY(editor);
     QCOMPARE(editor->minimum(), column.low);
     QCOMPARE(editor->maximum(), column.high);
-    QCOMPARE(editor->value(), column.first * dataRow);
+    QCOMPARE(editor->value(), Defaults[dataRow - 1][index]);
     QCOMPARE(editor->buttonSymbols(), QAbstractSpinBox::NoButtons);
     QCOMPARE(editor->alignment(), Qt::AlignCenter);
     QCOMPARE(editor->font().family(), UiScale::font(10, t.page.get()).family());
