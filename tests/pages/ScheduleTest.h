@@ -104,22 +104,21 @@ struct Choice
     const char* key;
     const char* editor;
     const char* items; ///< with commas between them
-    int reset;
+    int reset, row;
     const char* frame;
-    int row;
     const char* caption;
 };
 
 constexpr Choice Choices[] = {
-    {"ramp_mode_start", "comboBox_ramp_mode_start", "N,Speed,Time", 2, "frame", 3, "Ramp up mode"},
-    {"ramp_mode_end", "comboBox_ramp_mode_end", "N,Speed,Time", 2, "frame_3", 3, "Ramp down mode"},
-    {"wire_mode_start", "comboBox_wire_mode_start", "Advance,Delay", 0, "frame_16", 4,
+    {"ramp_mode_start", "comboBox_ramp_mode_start", "N,Speed,Time", 2, 3, "frame", "Ramp up mode"},
+    {"ramp_mode_end", "comboBox_ramp_mode_end", "N,Speed,Time", 2, 3, "frame_3", "Ramp down mode"},
+    {"wire_mode_start", "comboBox_wire_mode_start", "Advance,Delay", 0, 4, "frame_16",
      "Wire feed time"},
-    {"wire_mode_end", "comboBox_wire_mode_end", "Advance,Delay", 0, "frame_17", 4,
+    {"wire_mode_end", "comboBox_wire_mode_end", "Advance,Delay", 0, 4, "frame_17",
      "Wire close time"},
-    {"laser_off_mode", "comboBox_laser_off_mode", "Advance,Delay", 1, "frame_3", 5,
+    {"laser_off_mode", "comboBox_laser_off_mode", "Advance,Delay", 1, 5, "frame_3",
      "Laser off time"},
-    {"work_mode", "comboBox_work_mode", "Continuous,JOB", 0, "frame_2", 2, "Work mode"},
+    {"work_mode", "comboBox_work_mode", "Continuous,JOB", 0, 2, "frame_2", "Work mode"},
 };
 
 /// A switch of a schedule.
