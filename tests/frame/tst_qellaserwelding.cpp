@@ -13,10 +13,13 @@ const QString VirtualKey = QStringLiteral("laser_weld_data.virtual_welding_statu
 // The calls that the plugin itself makes; its pages ask the host on their own account.
 QStringList frameCalls(const ScriptedHost& host)
 {
-    const QStringList asked{
-        QStringLiteral("getNodeData"),         QStringLiteral("getQelServiceData"),
-        QStringLiteral("getUserOperateLevel"), QStringLiteral("getRobotEleStatus"),
-        QStringLiteral("getIOByType"),         QStringLiteral("getRegisterValue")};
+    const QStringList asked{QStringLiteral("getNodeData"),
+                            QStringLiteral("getQelServiceData"),
+                            QStringLiteral("getUserOperateLevel"),
+                            QStringLiteral("getRobotEleStatus"),
+                            QStringLiteral("getIOByType"),
+                            QStringLiteral("getRegisterValue"),
+                            QStringLiteral("GetPluginNoUniqueWidget")};
     QStringList names;
     for (const ScriptedHost::Call& call : host.calls) {
         if (!asked.contains(call.name))

@@ -18,7 +18,10 @@ QString operator""_s(const char* text, std::size_t size)
     return QString::fromLatin1(text, int(size));
 }
 
-const QStringList Ports{"DO1"_s, "DO2"_s, "do2"_s, "DO10"_s};
+QStringList portNames()
+{
+    return {"DO1"_s, "DO2"_s, "do2"_s, "DO10"_s};
+}
 
 QStringList itemTexts(const QComboBox* box)
 {
@@ -105,7 +108,7 @@ void TestBoxModels::portItems_data()
     QTest::addColumn<QStringList>("names");
     QTest::newRow("none") << QStringList();
     QTest::newRow("one") << QStringList{"DO1"_s};
-    QTest::newRow("several") << Ports;
+    QTest::newRow("several") << portNames();
     QTest::newRow("twice the same") << QStringList{"DO1"_s, "DO1"_s};
     QTest::newRow("an empty one") << QStringList{"DO1"_s, QString(), "DO2"_s};
 }
@@ -125,7 +128,7 @@ void TestBoxModels::portItems()
 void TestBoxModels::modelsAreConsistent()
 {
     using Tester = QAbstractItemModelTester;
-    PortListModel ports(Ports);
+    PortListModel ports(portNames());
     const Tester portTester(&ports, Tester::FailureReportingMode::QtTest);
     NumberListModel numbers;
     const Tester numberTester(&numbers, Tester::FailureReportingMode::QtTest);
@@ -147,7 +150,7 @@ void TestBoxModels::itemsHoldOnlyTheirText_data()
 void TestBoxModels::itemsHoldOnlyTheirText()
 {
     QFETCH(int, role);
-    const PortListModel model(Ports);
+    const PortListModel model(portNames());
     for (int row = 0; row < model.rowCount(); ++row) {
         QVERIFY(!model.index(row).data(role).isValid());
         QCOMPARE(model.index(row).data(Qt::EditRole), model.index(row).data(Qt::DisplayRole));
@@ -172,7 +175,7 @@ void TestBoxModels::textsAreFound()
 {
     QFETCH(QString, text);
     QFETCH(int, row);
-    PortListModel model(Ports);
+    PortListModel model(portNames());
     QComboBox box;
     box.setModel(&model);
     QCOMPARE(box.findText(text), row);
@@ -198,11 +201,11 @@ void TestBoxModels::searchesAreThoseOfAPlainBox_data()
 void TestBoxModels::searchesAreThoseOfAPlainBox()
 {
     QFETCH(int, flags);
-    PortListModel model(Ports);
+    PortListModel model(portNames());
     QComboBox box;
     box.setModel(&model);
     QComboBox plain;
-    refillPlainly(&plain, Ports, false);
+    refillPlainly(&plain, portNames(), false);
     for (const char* each : {"", "DO1", "DO2", "do2", "do1", "O", "2", "DO*", "x"}) {
         const QString text = QString::fromLatin1(each);
         const Qt::MatchFlags how(flags);
@@ -251,7 +254,7 @@ void TestBoxModels::widestName()
 
 void TestBoxModels::widestNameFollowsTheFont()
 {
-    const PortListModel model(Ports);
+    const PortListModel model(portNames());
     const QFont small("Noto Sans"_s, 8), large("Noto Sans"_s, 24);
     const int width = model.widestName(small);
     QVERIFY(model.widestName(large) > width);
@@ -331,11 +334,11 @@ void TestBoxModels::refill_data()
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QString>("after");
     const QStringList others{"DO0"_s, "DO2"_s};
-    QTest::newRow("kept") << "DO2" << true << Ports << "DO2";
+    QTest::newRow("kept") << "DO2" << true << portNames() << "DO2";
     QTest::newRow("kept in another list") << "DO2" << true << others << "DO2";
     QTest::newRow("vanished") << "DO10" << true << others << "";
     QTest::newRow("another case") << "do2" << true << others << "";
-    QTest::newRow("reset") << "DO2" << false << Ports << "";
+    QTest::newRow("reset") << "DO2" << false << portNames() << "";
     QTest::newRow("reset to another list") << "DO2" << false << others << "";
     QTest::newRow("nothing to keep") << "" << true << others << "";
     QTest::newRow("emptied") << "DO2" << true << QStringList() << "";
@@ -348,7 +351,7 @@ void TestBoxModels::refill()
     QFETCH(QStringList, names);
     PortListModels models;
     QComboBox box;
-    models.refill(&box, Ports, false);
+    models.refill(&box, portNames(), false);
     box.setCurrentText(before);
     models.refill(&box, names, keepText);
     QCOMPARE(itemTexts(&box), behindEmpty(names));
@@ -359,7 +362,7 @@ void TestBoxModels::refill()
 void TestBoxModels::refillEmitsWhatAPlainBoxDoes()
 {
     const QStringList lists[] = {
-        Ports, Ports, {"DO2"_s}, {}, {"DO0"_s, "DO2"_s, "x"_s}, {"DO2"_s, "DO2"_s}};
+        portNames(), portNames(), {"DO2"_s}, {}, {"DO0"_s, "DO2"_s, "x"_s}, {"DO2"_s, "DO2"_s}};
     PortListModels models;
     QComboBox box, plain, neighbour;
     SignalLog boxLog(&box), plainLog(&plain);
@@ -383,7 +386,7 @@ void TestBoxModels::equalListsShareAModel()
 {
     PortListModels models;
     QComboBox first, second, third;
-    models.refill(&first, Ports, false);
+    models.refill(&first, portNames(), false);
     models.refill(&second, {"DO1"_s, "DO2"_s, "do2"_s, "DO10"_s}, false);
     models.refill(&third, {"DO1"_s}, false);
     QCOMPARE(first.model(), second.model());
@@ -392,15 +395,15 @@ void TestBoxModels::equalListsShareAModel()
     QCOMPARE(first.currentIndex(), 0);
     models.refill(&second, {"DO1"_s}, true);
     QCOMPARE(second.model(), third.model());
-    QCOMPARE(itemTexts(&first), behindEmpty(Ports));
+    QCOMPARE(itemTexts(&first), behindEmpty(portNames()));
 }
 
 void TestBoxModels::modelGoesWithItsLastBox()
 {
     PortListModels models;
     QComboBox first, second;
-    models.refill(&first, Ports, false);
-    models.refill(&second, Ports, false);
+    models.refill(&first, portNames(), false);
+    models.refill(&second, portNames(), false);
     const QPointer<QAbstractItemModel> model = first.model();
     models.refill(&first, {}, false);
     QVERIFY(model);
@@ -412,7 +415,7 @@ void TestBoxModels::modelsMayGoBeforeTheirBoxes()
 {
     QComboBox box;
     auto models = std::make_unique<PortListModels>();
-    models->refill(&box, Ports, false);
+    models->refill(&box, portNames(), false);
     box.setCurrentIndex(2);
     box.showPopup();
     SignalLog log(&box);

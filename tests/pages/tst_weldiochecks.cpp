@@ -569,7 +569,7 @@ void TestWeldioChecks::repliesAreLogged()
     PageOnCell t;
     t.page->checkSaveResult(reply, Command);
     QTEST(LogFolder::texts().join(QLatin1Char('|')), "line");
-    QVERIFY(LogFolder::lines().first().contains("[E|"_s));
+    QVERIFY(LogFolder::lines().constFirst().contains("[E|"_s));
 }
 
 void TestWeldioChecks::refusedSaveKeepsTheForm()

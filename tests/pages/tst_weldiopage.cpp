@@ -266,7 +266,8 @@ void TestWeldioPage::rowHasItsWidgets()
     QCOMPARE(t.label(key)->text(), text(signal.caption));
     QCOMPARE(t.type(key)->parentWidget(), cell(2));
     QStringList items;
-    for (const Kind& kind : kinds(signal.typeCode))
+    const auto offered = kinds(signal.typeCode);
+    for (const Kind& kind : offered)
         items << text(kind.item);
     QCOMPARE(itemTexts(t.type(key)), items);
     QCOMPARE(t.type(key)->currentIndex(), 0);

@@ -11,8 +11,15 @@ using namespace WeldioTest;
 
 namespace {
 
-const QStringList TwoKinds{"DO"_s, "REG"_s};
-const QStringList ThreeKinds{"AO"_s, "GO"_s, "REG"_s};
+QStringList twoKinds()
+{
+    return {"DO"_s, "REG"_s};
+}
+
+QStringList threeKinds()
+{
+    return {"AO"_s, "GO"_s, "REG"_s};
+}
 
 /// A row with boxes of its own.
 struct RowOnWidgets
@@ -105,13 +112,13 @@ void TestWeldioRow::recordType_data()
     QTest::addColumn<int>("index");
     QTest::addColumn<int>("type");
     QTest::addColumn<bool>("isRegister");
-    QTest::newRow("AO") << ThreeKinds << 0 << 0 << false;
-    QTest::newRow("GO") << ThreeKinds << 1 << 1 << false;
-    QTest::newRow("REG of three") << ThreeKinds << 2 << 2 << true;
-    QTest::newRow("none of three") << ThreeKinds << -1 << -1 << false;
-    QTest::newRow("DO") << TwoKinds << 0 << 0 << false;
-    QTest::newRow("REG of two") << TwoKinds << 1 << 2 << true;
-    QTest::newRow("none of two") << TwoKinds << -1 << 0 << false;
+    QTest::newRow("AO") << threeKinds() << 0 << 0 << false;
+    QTest::newRow("GO") << threeKinds() << 1 << 1 << false;
+    QTest::newRow("REG of three") << threeKinds() << 2 << 2 << true;
+    QTest::newRow("none of three") << threeKinds() << -1 << -1 << false;
+    QTest::newRow("DO") << twoKinds() << 0 << 0 << false;
+    QTest::newRow("REG of two") << twoKinds() << 1 << 2 << true;
+    QTest::newRow("none of two") << twoKinds() << -1 << 0 << false;
 }
 
 void TestWeldioRow::recordType()
@@ -129,16 +136,16 @@ void TestWeldioRow::typeIsSelected_data()
     QTest::addColumn<QStringList>("items");
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("index");
-    QTest::newRow("three, 0") << ThreeKinds << 0 << 0;
-    QTest::newRow("three, 1") << ThreeKinds << 1 << 1;
-    QTest::newRow("three, 2") << ThreeKinds << 2 << 2;
-    QTest::newRow("three, 3") << ThreeKinds << 3 << -1;
-    QTest::newRow("three, -5") << ThreeKinds << -5 << -1;
-    QTest::newRow("two, 0") << TwoKinds << 0 << 0;
-    QTest::newRow("two, 1") << TwoKinds << 1 << 0;
-    QTest::newRow("two, 2") << TwoKinds << 2 << 1;
-    QTest::newRow("two, 3") << TwoKinds << 3 << 0;
-    QTest::newRow("two, -1") << TwoKinds << -1 << 0;
+    QTest::newRow("three, 0") << threeKinds() << 0 << 0;
+    QTest::newRow("three, 1") << threeKinds() << 1 << 1;
+    QTest::newRow("three, 2") << threeKinds() << 2 << 2;
+    QTest::newRow("three, 3") << threeKinds() << 3 << -1;
+    QTest::newRow("three, -5") << threeKinds() << -5 << -1;
+    QTest::newRow("two, 0") << twoKinds() << 0 << 0;
+    QTest::newRow("two, 1") << twoKinds() << 1 << 0;
+    QTest::newRow("two, 2") << twoKinds() << 2 << 1;
+    QTest::newRow("two, 3") << twoKinds() << 3 << 0;
+    QTest::newRow("two, -1") << twoKinds() << -1 << 0;
 }
 
 void TestWeldioRow::typeIsSelected()
@@ -173,7 +180,7 @@ void TestWeldioRow::needsAndUses()
     QFETCH(bool, isOn);
     QFETCH(bool, required);
     QFETCH(bool, counted);
-    RowOnWidgets t(TwoKinds);
+    RowOnWidgets t(twoKinds());
     t.row.hasSwitch = hasSwitch;
     t.row.portRequired = required;
     t.row.portCounted = counted;
@@ -187,7 +194,7 @@ void TestWeldioRow::needsAndUses()
 
 void TestWeldioRow::portsAreAskedForTheKind()
 {
-    RowOnWidgets t(ThreeKinds);
+    RowOnWidgets t(threeKinds());
     QVERIFY(t.row.offeredPorts().isEmpty());
     t.row.portSource = [](int index) { return QStringList{QString::number(index)}; };
     for (const int index : {0, 1, 2, -1}) {
@@ -233,7 +240,7 @@ void TestWeldioRow::biasIsOffered()
     QFETCH(int, length);
     QFETCH(int, preferred);
     RegisterLengths::read(oneRegister("R", length));
-    for (const QStringList& items : {TwoKinds, ThreeKinds}) {
+    for (const QStringList& items : {twoKinds(), threeKinds()}) {
         RowOnWidgets t(items);
         t.select("R"_s);
         t.row.updateBias(preferred);
@@ -262,7 +269,7 @@ void TestWeldioRow::biasKeepsItsNumber()
     QFETCH(int, before);
     QFETCH(int, preferred);
     RegisterLengths::read(oneRegister("R", 4));
-    RowOnWidgets t(TwoKinds);
+    RowOnWidgets t(twoKinds());
     t.select("R"_s);
     t.row.updateBias(before);
     t.row.updateBias(preferred);
@@ -274,12 +281,12 @@ void TestWeldioRow::biasIsRecorded_data()
     QTest::addColumn<QStringList>("items");
     QTest::addColumn<int>("index");
     QTest::addColumn<int>("bias");
-    QTest::newRow("AO") << ThreeKinds << 0 << 0;
-    QTest::newRow("GO") << ThreeKinds << 1 << 0;
-    QTest::newRow("REG of three") << ThreeKinds << 2 << 2;
-    QTest::newRow("none of three") << ThreeKinds << -1 << 0;
-    QTest::newRow("DO") << TwoKinds << 0 << 0;
-    QTest::newRow("REG of two") << TwoKinds << 1 << 2;
+    QTest::newRow("AO") << threeKinds() << 0 << 0;
+    QTest::newRow("GO") << threeKinds() << 1 << 0;
+    QTest::newRow("REG of three") << threeKinds() << 2 << 2;
+    QTest::newRow("none of three") << threeKinds() << -1 << 0;
+    QTest::newRow("DO") << twoKinds() << 0 << 0;
+    QTest::newRow("REG of two") << twoKinds() << 1 << 2;
 }
 
 // What the box shows does not count without a register.
@@ -300,7 +307,7 @@ void TestWeldioRow::biasIsRecorded()
 void TestWeldioRow::biasOfBlankPortIsHidden()
 {
     RegisterLengths::read(oneRegister("R", 4));
-    RowOnWidgets t(ThreeKinds);
+    RowOnWidgets t(threeKinds());
     t.select("R"_s);
     t.row.updateBias(3);
     QVERIFY(!t.bias.isHidden());
@@ -317,7 +324,7 @@ void TestWeldioRow::biasOfBlankPortIsHidden()
 void TestWeldioRow::biasNameIsTrimmed()
 {
     RegisterLengths::read(oneRegister("R", 4));
-    RowOnWidgets t(ThreeKinds);
+    RowOnWidgets t(threeKinds());
     t.select(" R "_s);
     t.row.updateBias(1);
     QCOMPARE(t.bias.count(), 4);
@@ -329,7 +336,7 @@ void TestWeldioRow::biasNameIsTrimmed()
 void TestWeldioRow::biasEmitsNothing()
 {
     RegisterLengths::read(oneRegister("R", 4));
-    RowOnWidgets t(TwoKinds);
+    RowOnWidgets t(twoKinds());
     const QSignalSpy changed(&t.bias, QOverload<int>::of(&QComboBox::currentIndexChanged));
     const QSignalSpy shown(&t.bias, &QComboBox::currentTextChanged);
     t.select("R"_s);
@@ -346,7 +353,7 @@ void TestWeldioRow::biasEmitsNothing()
 void TestWeldioRow::reselectKeepsTheItem()
 {
     QComboBox box;
-    box.addItems(TwoKinds);
+    box.addItems(twoKinds());
     box.setCurrentIndex(1);
     const QSignalSpy changed(&box, QOverload<int>::of(&QComboBox::currentIndexChanged));
     WeldioRow::reselect(&box);
@@ -374,7 +381,7 @@ void TestWeldioRow::freed()
 {
     QFETCH(bool, editable);
     QFETCH(bool, isOn);
-    RowOnWidgets t(TwoKinds);
+    RowOnWidgets t(twoKinds());
     t.onSwitch.setChecked(isOn);
     t.row.applyEditable(editable);
     for (const QComboBox* box : {&t.type, &t.port, &t.bias})
@@ -393,7 +400,7 @@ void TestWeldioRow::freedWithoutSwitch_data()
 void TestWeldioRow::freedWithoutSwitch()
 {
     QFETCH(bool, editable);
-    RowOnWidgets t(TwoKinds);
+    RowOnWidgets t(twoKinds());
     t.row.hasSwitch = false;
     t.row.enableSwitch = nullptr;
     t.row.setBoxesEnabled(!editable);
@@ -487,7 +494,7 @@ void TestWeldioRow::namelessHaveNoLength()
 void TestWeldioRow::hugeLengthIsConfined()
 {
     RegisterLengths::read(oneRegister("R", std::numeric_limits<int>::max()));
-    RowOnWidgets t(TwoKinds);
+    RowOnWidgets t(twoKinds());
     t.select("R"_s);
     t.row.updateBias(std::numeric_limits<int>::max());
     QCOMPARE(t.bias.count(), 1000000);
