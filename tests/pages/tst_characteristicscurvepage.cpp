@@ -180,7 +180,7 @@ struct PageOnHost
     QStringList sent()
     {
         QStringList names;
-        for (const auto& command : host.commands)
+        for (const auto& command : qAsConst(host.commands))
             names += command.data.keys();
         return names;
     }
@@ -441,7 +441,8 @@ void TestCharacteristicsCurvePage::nodeNumberMakesTheRowsAnew()
     for (const int index : {3, 0, 8}) {
         t.nodeBox(tab)->setCurrentIndex(index);
         QCOMPARE(t.table(tab)->rowCount(), index + 2);
-        for (const auto& node : t.nodes(tab))
+        const auto nodes = t.nodes(tab);
+        for (const auto& node : nodes)
             QCOMPARE(node, qMakePair(0.0, least));
     }
     for (int other = 0; other < Page::TabCount; ++other) {
@@ -1317,7 +1318,7 @@ void TestCharacteristicsCurvePage::showAsksTheHostInOrder()
     t.host.forgetCalls();
     t.page.show();
     QStringList asked;
-    for (const auto& call : t.host.calls) {
+    for (const auto& call : qAsConst(t.host.calls)) {
         if (call.name != "getNodeData"_s) // the zoom of fonts and heights
             asked << call.name + QLatin1Char(' ') + call.arguments.at(0).toString();
     }
@@ -1336,7 +1337,7 @@ void TestCharacteristicsCurvePage::showComputesWhatWasComputed()
     t.host.forgetCalls();
     t.page.show();
     QStringList keys;
-    for (const auto& command : t.host.commands)
+    for (const auto& command : qAsConst(t.host.commands))
         keys << command.data.value(ComputeCommand).toObject().keys().join(QLatin1Char(' '));
     QCOMPARE(t.host.commands.size(), 3);
     const int order[] = {0, 2, 3};

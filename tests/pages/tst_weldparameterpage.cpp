@@ -578,7 +578,8 @@ void TestWeldParameterPage::saveResults()
     t.click("pushButton_save");
     QCOMPARE(t.host.messageTexts(), messages);
     QCOMPARE(LogFolder::texts(), lines);
-    for (const QString& line : LogFolder::lines())
+    const QStringList written = LogFolder::lines();
+    for (const QString& line : written)
         QVERIFY(line.startsWith("[E|"_s));
     QCOMPARE(t.saved(), fullRecord());
 }

@@ -7,42 +7,59 @@ using namespace ScheduleTest;
 
 namespace {
 
-const QList<const char*> RetractionRows{"label_86", "doubleSpinBox_wire_retract_end", "label_87",
-                                        "spinBox_wire_retract_time_end"};
-const QList<const char*> FillRows{"label_89", "spinBox_fill_delay_time_end",
-                                  "label_90", "doubleSpinBox_fill_wire_speed_end",
-                                  "label_91", "spinBox_fill_wire_time_end"};
-const QList<const char*> WireRows{"label_75",
-                                  "doubleSpinBox_feeding_speed_start",
-                                  "comboBox_wire_mode_start",
-                                  "label_76",
-                                  "spinBox_wire_feed_time_start",
-                                  "label_81",
-                                  "doubleSpinBox_wire_speed_end",
-                                  "comboBox_wire_mode_end",
-                                  "label_82",
-                                  "spinBox_wire_feed_time_end",
-                                  "label_85",
-                                  "pushButton_wire_stick_enable_end",
-                                  "frame_19"};
-const QList<const char*> JobRow{"label_process_job", "spinBox_process_job"};
+QList<const char*> retractionRows()
+{
+    return {"label_86", "doubleSpinBox_wire_retract_end", "label_87",
+            "spinBox_wire_retract_time_end"};
+}
+QList<const char*> fillRows()
+{
+    return {"label_89", "spinBox_fill_delay_time_end",
+            "label_90", "doubleSpinBox_fill_wire_speed_end",
+            "label_91", "spinBox_fill_wire_time_end"};
+}
+QList<const char*> wireRows()
+{
+    return {"label_75",
+            "doubleSpinBox_feeding_speed_start",
+            "comboBox_wire_mode_start",
+            "label_76",
+            "spinBox_wire_feed_time_start",
+            "label_81",
+            "doubleSpinBox_wire_speed_end",
+            "comboBox_wire_mode_end",
+            "label_82",
+            "spinBox_wire_feed_time_end",
+            "label_85",
+            "pushButton_wire_stick_enable_end",
+            "frame_19"};
+}
+QList<const char*> jobRow()
+{
+    return {"label_process_job", "spinBox_process_job"};
+}
 // Whatever the switches are.
-const QList<const char*> AlwaysShown{"label_59",
-                                     "pushButton_wire_feed_enable_start",
-                                     "label_80",
-                                     "pushButton_wire_feed_enable_end",
-                                     "frame_wire_stick_row",
-                                     "doubleSpinBox_feeding_speed_run",
-                                     "comboBox_laser_off_mode",
-                                     "comboBox_work_mode",
-                                     "spinBox_swing_job",
-                                     "spinBox_ramp_value_start",
-                                     "label_73",
-                                     "spinBox_ramp_value_end",
-                                     "label_74"};
-const QList<const char*> NeverShown{"label_2",  "comboBox_modetype",
-                                    "label_8",  "comboBox_ramp_mode_start",
-                                    "label_20", "comboBox_ramp_mode_end"};
+QList<const char*> alwaysShown()
+{
+    return {"label_59",
+            "pushButton_wire_feed_enable_start",
+            "label_80",
+            "pushButton_wire_feed_enable_end",
+            "frame_wire_stick_row",
+            "doubleSpinBox_feeding_speed_run",
+            "comboBox_laser_off_mode",
+            "comboBox_work_mode",
+            "spinBox_swing_job",
+            "spinBox_ramp_value_start",
+            "label_73",
+            "spinBox_ramp_value_end",
+            "label_74"};
+}
+QList<const char*> neverShown()
+{
+    return {"label_2",  "comboBox_modetype",     "label_8", "comboBox_ramp_mode_start",
+            "label_20", "comboBox_ramp_mode_end"};
+}
 
 /// The five switches, told by the rules and not by the page.
 struct State
@@ -161,12 +178,12 @@ void compareState(const PageOnHost& t, const State& state)
         QVERIFY2(t.toggle(index)->isChecked() == state.on[index], Switches[index].key);
         QCOMPARE(t.saved().value(text(Switches[index].key)), QJsonValue(state.on[index]));
     }
-    QVERIFY(t.areShown(WireRows, feeds));
-    QVERIFY(t.areShown(RetractionRows, retracts));
+    QVERIFY(t.areShown(wireRows(), feeds));
+    QVERIFY(t.areShown(retractionRows(), retracts));
     QVERIFY(t.areShown({"frame_20"}, retracts));
-    QVERIFY(t.areShown(FillRows, state.on[Compensation]));
-    QVERIFY(t.areShown(AlwaysShown, true));
-    QVERIFY(t.areShown(NeverShown, false));
+    QVERIFY(t.areShown(fillRows(), state.on[Compensation]));
+    QVERIFY(t.areShown(alwaysShown(), true));
+    QVERIFY(t.areShown(neverShown(), false));
 }
 
 template<typename Field, std::size_t size>
@@ -284,7 +301,7 @@ void TestWeldSchedule::resets()
         QVERIFY2(t.choice(each)->currentIndex() == each.reset, each.key);
     QCOMPARE(t.comment()->text(), QString());
     compareState(t, State(0));
-    QVERIFY(t.areShown(JobRow, false));
+    QVERIFY(t.areShown(jobRow(), false));
     QVERIFY(t.host.messages.isEmpty());
 }
 
@@ -471,10 +488,10 @@ void TestWeldSchedule::workMode()
     mode->setCurrentIndex(isJob ? 0 : 1);
     t.open(7);
     QCOMPARE(mode->currentText(), isJob ? "JOB"_s : "Continuous"_s);
-    QVERIFY(t.areShown(JobRow, isJob));
+    QVERIFY(t.areShown(jobRow(), isJob));
     QVERIFY(t.isShown("spinBox_swing_job"));
     mode->setCurrentIndex(isJob ? 0 : 1);
-    QVERIFY(t.areShown(JobRow, !isJob));
+    QVERIFY(t.areShown(jobRow(), !isJob));
     QVERIFY(t.isShown("spinBox_swing_job"));
 }
 
@@ -546,7 +563,7 @@ void TestWeldSchedule::hiddenJobIsSaved()
     QJsonObject record = with(fullRecord(), "work_mode", 0);
     const PageOnHost t(PageOnHost::seven(with(record, "process_job", 12)));
     t.open(7);
-    QVERIFY(t.areShown(JobRow, false));
+    QVERIFY(t.areShown(jobRow(), false));
     QCOMPARE(t.saved().value("process_job"_s), QJsonValue(12));
 }
 
@@ -632,7 +649,7 @@ void TestWeldSchedule::compensationOutlivesLoadedRetraction()
     QCOMPARE(t.saved().value("wire_fill_com_end"_s), QJsonValue(true));
     t.press(Retraction);
     QVERIFY(t.isShown("frame_20"));
-    QVERIFY(t.areShown(FillRows, true));
+    QVERIFY(t.areShown(fillRows(), true));
     t.press(Retraction);
     QVERIFY(!t.toggle(Compensation)->isChecked());
 }
@@ -659,7 +676,7 @@ void TestWeldSchedule::switchSetByCodeRunsNothing()
     t.open(7);
     t.toggle(FeedStart)->setChecked(true);
     QVERIFY(!t.toggle(FeedEnd)->isChecked());
-    QVERIFY(t.areShown(WireRows, false));
+    QVERIFY(t.areShown(wireRows(), false));
 }
 
 LASERWELD_TEST_MAIN(TestWeldSchedule)
