@@ -1,4 +1,5 @@
 #include "EnableButton.h"
+#include "EventCount.h"
 #include "ScriptedHost.h"
 #include "TestCase.h"
 #include "UiScale.h"
@@ -123,27 +124,6 @@ public:
 
 private:
     QHash<QString, QString> texts;
-};
-
-/// Counts the events of one type for all widgets.
-class EventCount : public QObject
-{
-public:
-    explicit EventCount(QEvent::Type counted)
-        : type(counted)
-    {
-        qApp->installEventFilter(this);
-    }
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        if (event->type() == type && object->isWidgetType())
-            ++count;
-        return false;
-    }
-    int count = 0;
-
-private:
-    QEvent::Type type;
 };
 
 /// Turns the event loop until the layouts that have been asked for are done.

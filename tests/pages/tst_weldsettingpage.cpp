@@ -1,4 +1,5 @@
 #include "EnableButton.h"
+#include "EventCount.h"
 #include "LogFolder.h"
 #include "ScriptedHost.h"
 #include "TestCase.h"
@@ -154,27 +155,6 @@ struct PageOnHost
     LogFolder folder;
     ConsoleCapture console;
     WeldSettingPage page{nullptr};
-};
-
-/// Counts the events of one type for all widgets.
-class EventCount : public QObject
-{
-public:
-    explicit EventCount(QEvent::Type counted)
-        : type(counted)
-    {
-        qApp->installEventFilter(this);
-    }
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        if (event->type() == type && object->isWidgetType())
-            ++count;
-        return false;
-    }
-    int count = 0;
-
-private:
-    QEvent::Type type;
 };
 
 template<typename Widget>
