@@ -1,5 +1,6 @@
 // The matching records of WeldParameterPage.
 
+#include "CaptionText.h"
 #include "EnableButton.h"
 #include "Host.h"
 #include "UiScale.h"
@@ -301,7 +302,7 @@ void WeldParameterPage::initMatchingTable()
 
 QWidget* WeldParameterPage::makeHeaderCell(const QString& text, QTableWidget* table)
 {
-    auto* label = new QLabel(text, table);
+    auto* label = new CaptionLabel(text, table);
     label->setAlignment(Qt::AlignCenter);
     UiScale::setStyleSheet(label,
                            QLatin1String(R"(QLabel{border:none;background:transparent;)"

@@ -6,6 +6,7 @@
 #include "StyleHelpers.h"
 #include "UiScale.h"
 #include "WeldSettingPage.h"
+#include "WrappedHeader.h"
 #include "ui_WeldParameterPage.h"
 
 namespace {
@@ -20,6 +21,7 @@ enum ListTab { ScheduleList, MatchingList };
 
 void stretchColumns(QTableWidget* table, int firstWidth)
 {
+    WrappedHeader::install(table);
     QHeaderView* header = table->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setSectionResizeMode(0, QHeaderView::Fixed);

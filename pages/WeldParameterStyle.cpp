@@ -19,6 +19,8 @@ constexpr QFrame* Form::*Frames[] = {
     &Form::frame,    &Form::frame_16, &Form::frame_2,  &Form::frame_3,
     &Form::frame_17, &Form::frame_19, &Form::frame_20, &Form::frame_wire_stick_row};
 constexpr QGroupBox* Form::*Groups[] = {&Form::groupBox, &Form::groupBox_2, &Form::groupBox_3};
+constexpr QScrollArea* Form::*Scrolls[] = {&Form::scrollArea_start, &Form::scrollArea_weld,
+                                           &Form::scrollArea_end};
 constexpr QTableWidget* Form::*Tables[] = {&Form::tableWidget, &Form::tableWidget_2,
                                            &Form::tableWidget_matching};
 
@@ -27,10 +29,15 @@ const char TableSheet[] =
     R"(selection-background-color:#0078D4;selection-color:#ffffff;)"
     R"(font:400 10pt "Microsoft YaHei UI";})"
     R"(QTableWidget::item:selected{background:#0078D4;color:#ffffff;})"
+    R"(QTableWidget QHeaderView{border:none;})" // a frame like any other
     R"(QTableWidget QHeaderView::section{background:#224d75;color:#ffffff;border:none;)"
     R"(border-right:1px solid #d0d0d0;padding:4px;font:400 10pt "Microsoft YaHei UI";})";
 
 const char GroupSheet[] = R"(QGroupBox{background:#ffffff;border:none;margin:0px;padding:0px;})";
+
+// A window too small for a tab scrolls it.
+const char ScrollSheet[] = R"(QScrollArea{background:#ffffff;border:none;})"
+                           R"(QScrollArea>QWidget>QWidget{background:#ffffff;})";
 
 // By their names, or the labels in them would get the border as well. Nothing in them brings a
 // ground of its own along.
@@ -57,6 +64,19 @@ const char SpinSheet[] =
     R"(color:#202020;padding:0px 2px 0px 4px;min-height:%1px;max-height:%1px;)"
     R"(font:400 10pt "Microsoft YaHei UI";})"
     R"(QSpinBox:disabled,QDoubleSpinBox:disabled{background:#f5f5f5;color:#A3A4A4;})";
+
+// A border takes Qt's own arrows away. These are wedges of a gradient that turns around the tip.
+const char StepSheet[] =
+    R"(QSpinBox::up-button,QSpinBox::down-button{subcontrol-origin:border;width:24px;border:none;)"
+    R"(border-left:1px solid #c8c8c8;background:#eef2f6;})"
+    R"(QSpinBox::up-button{subcontrol-position:top right;border-top-right-radius:4px;})"
+    R"(QSpinBox::down-button{subcontrol-position:bottom right;border-bottom-right-radius:4px;})"
+    R"(QSpinBox::up-button:pressed,QSpinBox::down-button:pressed{background:#D9E6F2;})"
+    R"(QSpinBox::up-arrow,QSpinBox::down-arrow{width:9px;height:5px;})"
+    R"(QSpinBox::up-arrow{background:qconicalgradient(cx:0.5,cy:0,angle:243.4,stop:0 #374860,)"
+    R"(stop:0.147 #374860,stop:0.149 transparent,stop:1 transparent);})"
+    R"(QSpinBox::down-arrow{background:qconicalgradient(cx:0.5,cy:1,angle:63.4,stop:0 #374860,)"
+    R"(stop:0.147 #374860,stop:0.149 transparent,stop:1 transparent);})";
 
 QFont weighted(QFont font, int weight)
 {
@@ -141,6 +161,8 @@ void WeldParameterPage::styleGroups()
 {
     for (QGroupBox* Form::*group : Groups)
         UiScale::setStyleSheet((*ui).*group, QLatin1String(GroupSheet), this);
+    for (QScrollArea* Form::*scroll : Scrolls)
+        UiScale::setStyleSheet((*ui).*scroll, QLatin1String(ScrollSheet), this);
 }
 
 void WeldParameterPage::styleFrames()
@@ -194,6 +216,8 @@ void WeldParameterPage::arrangeConfigLayouts()
     }
     for (QGroupBox* Form::*group : Groups)
         UiScale::expand((*ui).*group);
+    for (QScrollArea* Form::*scroll : Scrolls)
+        UiScale::expand((*ui).*scroll);
     for (QLayout* each : {ui->groupBox->layout(), ui->groupBox_2->layout(),
                           static_cast<QLayout*>(ui->gridLayout_8)})
         tighten(each, 6, 4);
@@ -247,12 +271,14 @@ void WeldParameterPage::styleConfigNumbers()
 {
     const QString sheet =
         UiScale::styleSheet(QString(QLatin1String(SpinSheet)).arg(compactHeight()), this);
+    const QString stepSheet = sheet + UiScale::styleSheet(QLatin1String(StepSheet), this);
     const auto numbers = ui->tabWidget_config->findChildren<QAbstractSpinBox*>();
     const int sixDigits =
         QFontMetrics(UiScale::font(10, this)).horizontalAdvance(QLatin1Char('0')) * 6;
     for (QAbstractSpinBox* each : numbers) {
         each->setMinimumWidth(sixDigits + 8); // with padding and border
-        fixHeight(each, sheet, compactHeight(), 1);
+        const bool hasSteps = each->buttonSymbols() != QAbstractSpinBox::NoButtons;
+        fixHeight(each, hasSteps ? stepSheet : sheet, compactHeight(), 1);
     }
     const auto switches = ui->page_config->findChildren<EnableButton*>();
     for (EnableButton* each : switches)

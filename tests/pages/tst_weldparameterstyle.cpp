@@ -1,5 +1,5 @@
+#include "CaptionText.h"
 #include "ScheduleTest.h"
-
 #include "StyleHelpers.h"
 #include "UiScale.h"
 
@@ -7,6 +7,10 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHeaderView>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSet>
 
 using namespace ScheduleTest;
 
@@ -48,6 +52,37 @@ struct StyledPage : PageOnHost
     }
 };
 
+/// The widgets that are polished, for the first time or again, while it lives.
+class PolishWatch : public QObject
+{
+public:
+    PolishWatch() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        const bool isPolish =
+            event->type() == QEvent::Polish || event->type() == QEvent::StyleChange;
+        if (isPolish && object->isWidgetType())
+            polished << static_cast<QWidget*>(object);
+        return false;
+    }
+    QSet<QWidget*> polished;
+};
+
+/// A page that is smaller than a schedule: what a window of 800 by 600 leaves.
+constexpr QSize SmallPage(386, 400);
+
+const QColor Arrow("#374860");
+
+int pixelsOf(const QImage& image, const QColor& colour)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == colour ? 1 : 0;
+    }
+    return count;
+}
+
 QMargins marginsOf(const QLayout* layout)
 {
     return layout->contentsMargins();
@@ -61,6 +96,12 @@ class TestWeldParameterStyle : public TestCase
 
 private Q_SLOTS:
     void laterPassesSetNoSheet();
+    void switchPolishesWhatItShows();
+    void smallWindowScrolls_data();
+    void smallWindowScrolls();
+    void stepButtonsAreSeen();
+    void listHeadersBreak_data();
+    void listHeadersBreak();
     void sheetsHaveTheColours_data();
     void sheetsHaveTheColours();
     void tabs();
@@ -87,6 +128,120 @@ void TestWeldParameterStyle::laterPassesSetNoSheet()
     t.page->show();
     t.page->applyPageStyle();
     QCOMPARE(watch.changed, QStringList());
+}
+
+void TestWeldParameterStyle::switchPolishesWhatItShows()
+{
+    const StyledPage t;
+    QCoreApplication::processEvents();
+    const auto expectShown = [&t](const char* name, auto change) {
+        const PolishWatch watch;
+        change();
+        QCoreApplication::processEvents();
+        const auto shown = t.page->findChildren<QWidget*>();
+        const auto visible = std::count_if(shown.begin(), shown.end(),
+                                           [](const QWidget* each) { return each->isVisible(); });
+        QVERIFY2(watch.polished.size() <= visible, name);
+    };
+    for (const int tab : {1, 2, 0, 1, 2})
+        expectShown("schedule",
+                    [&] { t.find<QTabWidget>("tabWidget_config")->setCurrentIndex(tab); });
+    expectShown("back", [&] { t.click("pushButton_back"); });
+    for (const int tab : {1, 0, 1})
+        expectShown("list", [&] { t.find<QTabWidget>("tabWidget")->setCurrentIndex(tab); });
+    t.find<QTableWidget>("tableWidget_2")->setCurrentCell(1, 0);
+    expectShown("matching", [&] { t.click("pushButton_Config"); });
+}
+
+void TestWeldParameterStyle::smallWindowScrolls_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QByteArray>("area");
+    QTest::newRow("start") << 0 << QByteArray("scrollArea_start");
+    QTest::newRow("weld") << 1 << QByteArray("scrollArea_weld");
+    QTest::newRow("end") << 2 << QByteArray("scrollArea_end");
+}
+
+// Nothing is squeezed and nothing lies on its neighbour: the tab scrolls instead.
+void TestWeldParameterStyle::smallWindowScrolls()
+{
+    QFETCH(int, tab);
+    QFETCH(QByteArray, area);
+    const StyledPage t;
+    t.page->resize(SmallPage);
+    t.find<QTabWidget>("tabWidget_config")->setCurrentIndex(tab);
+    QCoreApplication::processEvents();
+    QCOMPARE(t.page->size(), SmallPage);
+    const auto fields = t.find<QScrollArea>(area.constData())->findChildren<QWidget*>();
+    for (const QWidget* each : fields) {
+        const bool isField = qobject_cast<const QLabel*>(each) ||
+                             qobject_cast<const QAbstractSpinBox*>(each) ||
+                             qobject_cast<const EnableButton*>(each);
+        if (!isField || !each->isVisible())
+            continue;
+        const QSize least = each->minimumSizeHint();
+        QVERIFY2(each->width() >= least.width(), qPrintable(each->objectName()));
+        QVERIFY2(each->height() >= std::min(least.height(), each->maximumHeight()),
+                 qPrintable(each->objectName()));
+        for (const QWidget* other : fields) {
+            if (other != each && other->parent() == each->parent() && other->isVisible())
+                QVERIFY2(!other->geometry().intersects(each->geometry()),
+                         qPrintable(each->objectName() + " "_s + other->objectName()));
+        }
+    }
+}
+
+// Qt draws no arrows beside a border of the sheet.
+void TestWeldParameterStyle::stepButtonsAreSeen()
+{
+    const StyledPage t;
+    t.find<QComboBox>("comboBox_work_mode")->setCurrentIndex(1);
+    t.find<QTabWidget>("tabWidget_config")->setCurrentIndex(1);
+    QCoreApplication::processEvents();
+    for (const char* name : {"spinBox_swing_job", "spinBox_process_job"}) {
+        auto* box = t.find<QSpinBox>(name);
+        box->setValue(5);
+        const QImage image = box->grab().toImage();
+        const int half = image.height() / 2;
+        const QRect up(image.width() - 24, 0, 24, half);
+        QVERIFY2(pixelsOf(image.copy(up), Arrow) >= 12, name);
+        QVERIFY2(pixelsOf(image.copy(up.translated(0, half)), Arrow) >= 12, name);
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->width() - 10, 4));
+        QCOMPARE(box->value(), 6);
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->width() - 10, box->height() - 4));
+        QCOMPARE(box->value(), 5);
+    }
+}
+
+void TestWeldParameterStyle::listHeadersBreak_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("schedules") << 0 << QByteArray("tableWidget");
+    QTest::newRow("matching") << 1 << QByteArray("tableWidget_2");
+}
+
+void TestWeldParameterStyle::listHeadersBreak()
+{
+    QFETCH(int, tab);
+    QFETCH(QByteArray, name);
+    const StyledPage t;
+    t.click("pushButton_back");
+    t.find<QTabWidget>("tabWidget")->setCurrentIndex(tab);
+    const auto* table = t.find<QTableWidget>(name.constData());
+    const QHeaderView* header = table->horizontalHeader();
+    t.page->resize(SmallPage.width(), t.page->height());
+    QTRY_VERIFY(header->height() > 2 * header->fontMetrics().lineSpacing());
+    QVERIFY(!table->horizontalScrollBar()->isVisible());
+    QCOMPARE(header->length(), table->viewport()->width());
+    for (int column = 0; column < table->columnCount(); ++column) {
+        const QString caption = table->horizontalHeaderItem(column)->text();
+        QTRY_VERIFY(header->height() > CaptionText::height(CaptionText::unbroken(caption),
+                                                           header->font(),
+                                                           header->sectionSize(column) - 10));
+    }
+    t.page->resize(2000, t.page->height());
+    QTRY_VERIFY(header->height() < 2 * header->fontMetrics().lineSpacing());
 }
 
 void TestWeldParameterStyle::sheetsHaveTheColours_data()

@@ -1,0 +1,73 @@
+#include "WrappedHeader.h"
+
+#include "CaptionText.h"
+#include "OwnedTimer.h"
+
+#include <QStyleOptionHeader>
+#include <QTableWidget>
+
+#include <algorithm>
+
+namespace {
+
+// What the pages' sheets leave free beside and above the text of a section.
+constexpr int PaddingX = 10;
+constexpr int PaddingY = 8;
+/// Qt takes the font's widest character, which in a Chinese font is a whole word of the others.
+constexpr int LeastSection = 24;
+
+} // namespace
+
+void WrappedHeader::install(QTableWidget* table)
+{
+    table->setHorizontalHeader(new WrappedHeader(table));
+}
+
+WrappedHeader::WrappedHeader(QTableWidget* table)
+    : QHeaderView(Qt::Horizontal, table)
+{
+    setSectionsClickable(true);
+    setMinimumSectionSize(LeastSection);
+    setDefaultSectionSize(LeastSection); // below which Qt does not shrink the last section
+    connect(this, &QHeaderView::sectionResized, this, &WrappedHeader::followWidths);
+}
+
+// Columns are resized while the table lays itself out, which it does not begin again meanwhile.
+void WrappedHeader::followWidths()
+{
+    if (isFollowing)
+        return;
+    isFollowing = true;
+    ownedSingleShot(0, this, [this] {
+        isFollowing = false;
+        if (sizeHint().height() != height())
+            Q_EMIT geometriesChanged();
+    });
+}
+
+QString WrappedHeader::caption(int section) const
+{
+    return CaptionText::unbroken(model()->headerData(section, orientation()).toString());
+}
+
+QSize WrappedHeader::sizeHint() const
+{
+    QSize hint = QHeaderView::sizeHint();
+    for (int section = 0; section < count(); ++section) {
+        const int needed =
+            CaptionText::height(caption(section), font(), sectionSize(section) - PaddingX);
+        hint.setHeight(std::max(hint.height(), needed + PaddingY));
+    }
+    return hint;
+}
+
+void WrappedHeader::paintSection(QPainter* painter, const QRect& rect, int section) const
+{
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.rect = rect;
+    option.section = section;
+    option.text = caption(section);
+    option.textAlignment = Qt::Alignment(QFlag(CaptionText::Flags));
+    style()->drawControl(QStyle::CE_Header, &option, painter, this);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QHeaderView>
+
+class QTableWidget;
+
+/// Horizontal header that breaks a caption into lines where its column is too narrow for it, and
+/// is as high as the highest of them.
+class WrappedHeader : public QHeaderView
+{
+public:
+    /// Gives the table such a header in the place of its own, which loses its resize modes.
+    static void install(QTableWidget* table);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override;
+
+private:
+    explicit WrappedHeader(QTableWidget* table);
+
+    QString caption(int section) const;
+    void followWidths();
+
+    bool isFollowing = false;
+};
