@@ -2,6 +2,7 @@
 
 #include "CaptionText.h"
 #include "OwnedTimer.h"
+#include "UiScale.h"
 
 #include <QStyleOptionHeader>
 #include <QTableWidget>
@@ -13,6 +14,8 @@ namespace {
 // What the pages' sheets leave free beside and above the text of a section.
 constexpr int PaddingX = 10;
 constexpr int PaddingY = 8;
+/// The sheets give the sections a font that is not the header's own.
+constexpr int CaptionPoints = 10;
 /// Qt takes the font's widest character, which in a Chinese font is a whole word of the others.
 constexpr int LeastSection = 24;
 
@@ -53,9 +56,10 @@ QString WrappedHeader::caption(int section) const
 QSize WrappedHeader::sizeHint() const
 {
     QSize hint = QHeaderView::sizeHint();
+    const QFont drawn = UiScale::font(CaptionPoints, parentWidget());
     for (int section = 0; section < count(); ++section) {
         const int needed =
-            CaptionText::height(caption(section), font(), sectionSize(section) - PaddingX);
+            CaptionText::height(caption(section), drawn, sectionSize(section) - PaddingX);
         hint.setHeight(std::max(hint.height(), needed + PaddingY));
     }
     return hint;

@@ -237,7 +237,7 @@ void TestWeldParameterStyle::listHeadersBreak()
     for (int column = 0; column < table->columnCount(); ++column) {
         const QString caption = table->horizontalHeaderItem(column)->text();
         QTRY_VERIFY(header->height() > CaptionText::height(CaptionText::unbroken(caption),
-                                                           header->font(),
+                                                           UiScale::font(10, t.page.get()),
                                                            header->sectionSize(column) - 10));
     }
     t.page->resize(2000, t.page->height());
