@@ -14,10 +14,12 @@ constexpr int LeastPoints = 7;
 
 } // namespace
 
-QString CaptionText::unbroken(QString caption)
+QString CaptionText::drawn(QString caption)
 {
     constexpr ushort WordJoiner = 0x2060;
-    return caption.replace(QLatin1Char('/'), QString(QLatin1Char('/')) + QChar(WordJoiner));
+    constexpr ushort ZeroWidthSpace = 0x200b;
+    caption.replace(QLatin1Char('/'), QString(QLatin1Char('/')) + QChar(WordJoiner));
+    return caption.replace(QLatin1Char('('), QString(QChar(ZeroWidthSpace)) + QLatin1Char('('));
 }
 
 int CaptionText::height(const QString& caption, const QFont& font, int width)
@@ -28,7 +30,7 @@ int CaptionText::height(const QString& caption, const QFont& font, int width)
 
 void CaptionLabel::paintEvent(QPaintEvent*)
 {
-    const QString caption = CaptionText::unbroken(text());
+    const QString caption = CaptionText::drawn(text());
     QPainter painter(this);
     painter.setFont(fittedFont(caption));
     style()->drawItemText(&painter, contentsRect(), CaptionText::Flags, palette(), isEnabled(),

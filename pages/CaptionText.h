@@ -8,8 +8,8 @@ namespace CaptionText {
 /// Flags for drawing and measuring: centred, broken between words.
 constexpr int Flags = int(Qt::AlignCenter) | int(Qt::TextWordWrap);
 
-/// The caption as it is drawn: a unit such as "mm/s" is not broken.
-QString unbroken(QString caption);
+/// The caption as it is drawn: broken before a bracket, but not within a unit such as "mm/s".
+QString drawn(QString caption);
 
 /// Height of the caption in lines of `width` pixels.
 int height(const QString& caption, const QFont& font, int width);

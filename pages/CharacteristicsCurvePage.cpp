@@ -7,6 +7,7 @@
 #include "StyleHelpers.h"
 #include "UiScale.h"
 #include "WeldSettingPage.h"
+#include "WrappedHeader.h"
 #include "ui_CharacteristicsCurvePage.h"
 
 #include <qelplugin.h>
@@ -41,12 +42,13 @@ const char PageSheet[] =
     R"(QTabBar::tab:disabled{color:#A3A4A4;})"
     R"(QLabel{border:none;font:400 10pt "Microsoft YaHei UI";color:#202020;})"
     R"(QTableWidget{background:#ffffff;gridline-color:#d0d0d0;border:1px solid #d0d0d0;)"
-    R"(font:400 10pt "Microsoft YaHei UI";color:#202020;selection-background-color:#0078D4;})"
+    R"(font:400 10pt "Microsoft YaHei UI";color:#202020;selection-background-color:#cfe4f8;})"
+    R"(QTableWidget QHeaderView{border:none;})" // a frame like any other
     R"(QTableWidget QHeaderView::section{background:#224d75;color:#ffffff;border:none;)"
     R"(border-right:1px solid #d0d0d0;padding:4px 1px;min-height:24px;)"
     R"(font:400 10pt "Microsoft YaHei UI";})"
     R"(QTableWidget QAbstractSpinBox{background:transparent;border:none;padding:0px 3px;)"
-    R"(color:#202020;})"
+    R"(color:#202020;selection-background-color:#0078D4;selection-color:#ffffff;})"
     R"(QTableWidget QAbstractSpinBox:disabled{color:#A3A4A4;})"
     R"(QComboBox{background:#ffffff;color:#202020;border:2px solid #E4E4E4;border-radius:10px;)"
     R"(padding:0px 32px 0px 6px;min-height:30px;combobox-popup:0;)"
@@ -265,8 +267,10 @@ CharacteristicsCurvePage::CharacteristicsCurvePage(WeldSettingPage* settingPage,
 {
     ui->setupUi(this);
     UiScale::expand(this);
-    for (int tab = 0; tab < TabCount; ++tab)
+    for (int tab = 0; tab < TabCount; ++tab) {
+        WrappedHeader::install(table(tab));
         rebuildNodeTable(table(tab), LeastNodes, {});
+    }
     for (int tab = 0; tab < TabCount; ++tab) {
         connectTab(tab);
         letButtonsShrink(tab);
@@ -409,7 +413,6 @@ void CharacteristicsCurvePage::arrangeColumns(QTableWidget* table)
     UiScale::expand(table);
     QHeaderView* header = table->horizontalHeader();
     header->setStretchLastSection(false);
-    header->setTextElideMode(Qt::ElideRight);
     header->setSectionResizeMode(Node, QHeaderView::Fixed);
     header->setSectionResizeMode(Output, QHeaderView::Stretch);
     header->setSectionResizeMode(Process, QHeaderView::Stretch);

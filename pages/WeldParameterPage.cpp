@@ -21,8 +21,11 @@ enum ListTab { ScheduleList, MatchingList };
 
 void stretchColumns(QTableWidget* table, int firstWidth)
 {
+    constexpr int leastWidth = 24; // Qt takes the font's widest character, a Chinese word
     WrappedHeader::install(table);
     QHeaderView* header = table->horizontalHeader();
+    header->setMinimumSectionSize(leastWidth);
+    header->setDefaultSectionSize(leastWidth); // below which Qt does not shrink the last section
     header->setSectionResizeMode(QHeaderView::Stretch);
     header->setSectionResizeMode(0, QHeaderView::Fixed);
     header->setStretchLastSection(true);

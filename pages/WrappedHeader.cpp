@@ -16,22 +16,22 @@ constexpr int PaddingX = 10;
 constexpr int PaddingY = 8;
 /// The sheets give the sections a font that is not the header's own.
 constexpr int CaptionPoints = 10;
-/// Qt takes the font's widest character, which in a Chinese font is a whole word of the others.
-constexpr int LeastSection = 24;
 
 } // namespace
 
 void WrappedHeader::install(QTableWidget* table)
 {
-    table->setHorizontalHeader(new WrappedHeader(table));
+    const QHeaderView* old = table->horizontalHeader();
+    auto* header = new WrappedHeader(table);
+    header->setMinimumSectionSize(old->minimumSectionSize());
+    header->setDefaultSectionSize(old->defaultSectionSize());
+    table->setHorizontalHeader(header);
 }
 
 WrappedHeader::WrappedHeader(QTableWidget* table)
     : QHeaderView(Qt::Horizontal, table)
 {
     setSectionsClickable(true);
-    setMinimumSectionSize(LeastSection);
-    setDefaultSectionSize(LeastSection); // below which Qt does not shrink the last section
     connect(this, &QHeaderView::sectionResized, this, &WrappedHeader::followWidths);
 }
 
@@ -50,7 +50,7 @@ void WrappedHeader::followWidths()
 
 QString WrappedHeader::caption(int section) const
 {
-    return CaptionText::unbroken(model()->headerData(section, orientation()).toString());
+    return CaptionText::drawn(model()->headerData(section, orientation()).toString());
 }
 
 QSize WrappedHeader::sizeHint() const

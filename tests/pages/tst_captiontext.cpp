@@ -53,6 +53,7 @@ class TestCaptionText : public TestCase
 
 private Q_SLOTS:
     void unitIsNotBroken();
+    void breaksBeforeABracket();
     void linesGrowAsTheWidthShrinks();
     void anyWidth_data();
     void anyWidth();
@@ -66,13 +67,20 @@ void TestCaptionText::unitIsNotBroken()
     const QFont font;
     const QFontMetrics metrics(font);
     const int width = metrics.horizontalAdvance(latin("speed (mm/")) + 1;
-    const int lines =
-        CaptionText::height(CaptionText::unbroken(latin("speed (mm/s)")), font, width);
+    const int lines = CaptionText::height(CaptionText::drawn(latin("speed (mm/s)")), font, width);
     QCOMPARE(lines, CaptionText::height(latin("speed\n(mm\u00a0s)"), font, width));
-    QCOMPARE(CaptionText::unbroken(latin("Power")), latin("Power"));
-    QCOMPARE(CaptionText::unbroken(QString()), QString());
-    QVERIFY(metrics.horizontalAdvance(CaptionText::unbroken(latin("mm/s"))) <=
+    QCOMPARE(CaptionText::drawn(latin("Power")), latin("Power"));
+    QCOMPARE(CaptionText::drawn(QString()), QString());
+    QVERIFY(metrics.horizontalAdvance(CaptionText::drawn(latin("mm/s"))) <=
             metrics.horizontalAdvance(latin("mm/s")) + 1);
+}
+
+void TestCaptionText::breaksBeforeABracket()
+{
+    const QFont font;
+    const int width = QFontMetrics(font).horizontalAdvance(latin("Frequency")) + 2;
+    QVERIFY(CaptionText::height(CaptionText::drawn(latin("Frequency(Hz)")), font, width) >
+            lineHeight(font));
 }
 
 void TestCaptionText::linesGrowAsTheWidthShrinks()

@@ -236,7 +236,7 @@ void TestWeldParameterStyle::listHeadersBreak()
     QCOMPARE(header->length(), table->viewport()->width());
     for (int column = 0; column < table->columnCount(); ++column) {
         const QString caption = table->horizontalHeaderItem(column)->text();
-        QTRY_VERIFY(header->height() > CaptionText::height(CaptionText::unbroken(caption),
+        QTRY_VERIFY(header->height() > CaptionText::height(CaptionText::drawn(caption),
                                                            UiScale::font(10, t.page.get()),
                                                            header->sectionSize(column) - 10));
     }
