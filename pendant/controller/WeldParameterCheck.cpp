@@ -100,7 +100,8 @@ Result checkListed(const RecordList& list, const QJsonValue& payload, const Chec
     const Result envelope = checkEnvelope(list, payload);
     if (!envelope.isDone())
         return envelope;
-    const auto listed = payload.toObject().constBegin();
+    const QJsonObject records = payload.toObject();
+    const auto listed = records.constBegin();
     const QString key = listed.key();
     Result result = list.schema.check(listed.value());
     if (result.isDone())
