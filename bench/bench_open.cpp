@@ -107,7 +107,45 @@ struct Sheets
         "#636363;}QToolButton:checked {background: #8a0121;color: white;}");
     QString page = sheetOf<QWidget>(applyBaseStyle);
     QString frame = sheetOf<QFrame>(applyConfigFrameStyle);
+    QString tabs = tabStyleSheet();
+    QString table = QLatin1String(
+        "QTableWidget{background:#ffffff;gridline-color:#d0d0d0;border:none;color:#202020;"
+        "selection-background-color:#0078D4;selection-color:#ffffff;font:400 10pt \"Microsoft "
+        "YaHei "
+        "UI\";}QTableWidget QHeaderView::section{background:#224d75;color:#ffffff;padding:4px;}");
+    QString group = QLatin1String("QGroupBox{background:#ffffff;border:none;}");
+    QString panel = QLatin1String("QFrame{background:#f8f9fa;border:1px solid #d6d6d6;}"
+                                  "QFrame QLabel{background:transparent;}");
+    QString number = QLatin1String(
+        "QSpinBox,QDoubleSpinBox{border:1px solid #c8c8c8;border-radius:4px;background:#ffffff;"
+        "color:#202020;padding:0px 2px 0px 4px;font:400 10pt \"Microsoft YaHei UI\";}");
+    QString box = comboStyleSheet(nullptr, 22, 6, 22, true);
 };
+
+void setSheets(const QWidget* page, std::initializer_list<const char*> names, const QString& sheet)
+{
+    for (const char* name : names)
+        named(page, name)->setStyleSheet(sheet);
+}
+
+void styleSchedules(QWidget* page, const Sheets& sheets)
+{
+    page->setStyleSheet(sheets.page);
+    setSheets(page, {"tabWidget", "tabWidget_config"}, sheets.tabs);
+    setSheets(page, {"tableWidget", "tableWidget_2", "tableWidget_matching"}, sheets.table);
+    setSheets(page, {"groupBox", "groupBox_2", "groupBox_3"}, sheets.group);
+    setSheets(page,
+              {"frame_config_header", "frame", "frame_16", "frame_2", "frame_3", "frame_17",
+               "frame_19", "frame_20", "frame_wire_stick_row"},
+              sheets.panel);
+    const QWidget* details = named(page, "page_config");
+    const auto numbers = details->findChildren<QSpinBox*>();
+    for (QSpinBox* each : numbers)
+        each->setStyleSheet(sheets.number);
+    const auto boxes = details->findChildren<QComboBox*>();
+    for (QComboBox* each : boxes)
+        each->setStyleSheet(sheets.box);
+}
 
 // From the top down, which is the cheapest order: no widget is styled twice.
 void styleForms(QWidget* main, QWidget* setting, const Sheets& sheets)
@@ -117,10 +155,11 @@ void styleForms(QWidget* main, QWidget* setting, const Sheets& sheets)
     named(main, "wgtTitle")->setStyleSheet(sheets.white);
     named(main, "lblTitle")->setStyleSheet(sheets.title);
     setting->setStyleSheet(sheets.page);
-    for (const char* name :
-         {"frame_5", "frame", "frame_2", "frame_3", "frame_4", "frame_WireSticking"})
-        named(setting, name)->setStyleSheet(sheets.frame);
+    setSheets(setting, {"frame_5", "frame", "frame_2", "frame_3", "frame_4", "frame_WireSticking"},
+              sheets.frame);
     named(main, "WeldioPage")->setStyleSheet(sheets.page);
+    named(main, "CharacteristicsCurvePage")->setStyleSheet(sheets.tabs + sheets.table + sheets.box);
+    styleSchedules(named(main, "WeldParameterPage"), sheets);
 }
 
 QWidget* inCell(std::initializer_list<QWidget*> widgets)

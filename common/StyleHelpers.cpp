@@ -25,17 +25,17 @@ const char ComboSheet[] =
     R"(QComboBox QAbstractItemView::item{min-height:%1px;padding:2px 8px;})"
     R"(QComboBox QAbstractItemView::item:selected{background:#007cf9;color:#ffffff;})";
 
+// The content, square as it is, would cover the round corners of the pane, or draw a frame within
+// the pane's; so would an area in which it scrolls.
 const char TabSheet[] =
     R"(QTabWidget::pane{border:1px solid #d0d0d0;border-radius:8px;background:#ffffff;)"
     R"(margin-top:4px;})"
     R"(QTabBar::tab{background:#d3dce6;color:#374860;border-bottom:none;)"
     R"(border-top-left-radius:6px;border-top-right-radius:6px;padding:6px 12px;margin-right:1px;)"
     R"(min-width:120px;min-height:32px;font:400 10pt "Microsoft YaHei UI";})"
-    R"(QTabBar::tab:selected{background:#224d75;color:#ffffff;})";
-
-// Square as it is, it would cover the round corners of the pane, or draw a frame within the pane's.
-const char TabContentSheet[] =
-    "QStackedWidget,QStackedWidget>QWidget{background:transparent;border:none;}";
+    R"(QTabBar::tab:selected{background:#224d75;color:#ffffff;})"
+    R"(QTabWidget>QStackedWidget,QTabWidget>QStackedWidget>QWidget,QTabWidget QScrollArea,)"
+    R"(QTabWidget QScrollArea>QWidget>QWidget{background:transparent;border:none;})";
 
 const char FrameSheet[] =
     R"(QFrame{border:1px solid #c8c8c8;border-radius:8px;})"
@@ -102,8 +102,6 @@ QString tabStyleSheet()
 void applyTabStyle(QTabWidget* tabs)
 {
     UiScale::setStyleSheet(tabs, tabStyleSheet());
-    if (auto* content = tabs->findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly))
-        UiScale::setStyleSheet(content, QLatin1String(TabContentSheet));
 }
 
 QString scrollBarStyleSheet()

@@ -19,6 +19,7 @@ constexpr QFrame* Form::*Frames[] = {
     &Form::frame,    &Form::frame_16, &Form::frame_2,  &Form::frame_3,
     &Form::frame_17, &Form::frame_19, &Form::frame_20, &Form::frame_wire_stick_row};
 constexpr QGroupBox* Form::*Groups[] = {&Form::groupBox, &Form::groupBox_2, &Form::groupBox_3};
+/// A window too small for a tab scrolls it.
 constexpr QScrollArea* Form::*Scrolls[] = {&Form::scrollArea_start, &Form::scrollArea_weld,
                                            &Form::scrollArea_end};
 constexpr QTableWidget* Form::*Tables[] = {&Form::tableWidget, &Form::tableWidget_2,
@@ -34,10 +35,6 @@ const char TableSheet[] =
     R"(border-right:1px solid #d0d0d0;padding:4px;font:400 10pt "Microsoft YaHei UI";})";
 
 const char GroupSheet[] = R"(QGroupBox{background:#ffffff;border:none;margin:0px;padding:0px;})";
-
-// A window too small for a tab scrolls it.
-const char ScrollSheet[] = R"(QScrollArea{background:#ffffff;border:none;})"
-                           R"(QScrollArea>QWidget>QWidget{background:#ffffff;})";
 
 // By their names, or the labels in them would get the border as well. Nothing in them brings a
 // ground of its own along.
@@ -161,8 +158,6 @@ void WeldParameterPage::styleGroups()
 {
     for (QGroupBox* Form::*group : Groups)
         UiScale::setStyleSheet((*ui).*group, QLatin1String(GroupSheet), this);
-    for (QScrollArea* Form::*scroll : Scrolls)
-        UiScale::setStyleSheet((*ui).*scroll, QLatin1String(ScrollSheet), this);
 }
 
 void WeldParameterPage::styleFrames()
