@@ -57,12 +57,21 @@ QSize WrappedHeader::sizeHint() const
 {
     QSize hint = QHeaderView::sizeHint();
     const QFont drawn = UiScale::font(CaptionPoints, parentWidget());
-    for (int section = 0; section < count(); ++section) {
-        const int needed =
-            CaptionText::height(caption(section), drawn, sectionSize(section) - PaddingX);
-        hint.setHeight(std::max(hint.height(), needed + PaddingY));
-    }
+    for (int section = 0; section < count(); ++section)
+        hint.setHeight(std::max(hint.height(), captionHeight(section, drawn) + PaddingY));
     return hint;
+}
+
+int WrappedHeader::captionHeight(int section, const QFont& drawn) const
+{
+    if (drawn != measuredIn)
+        measured.clear();
+    measuredIn = drawn;
+    const int width = sectionSize(section) - PaddingX;
+    Measured& known = measured[caption(section)];
+    if (known.height == 0 || known.width != width)
+        known = {width, CaptionText::height(caption(section), drawn, width)};
+    return known.height;
 }
 
 void WrappedHeader::paintSection(QPainter* painter, const QRect& rect, int section) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QFont>
+#include <QHash>
 #include <QHeaderView>
 
 class QTableWidget;
@@ -21,7 +23,16 @@ private:
     explicit WrappedHeader(QTableWidget* table);
 
     QString caption(int section) const;
+    int captionHeight(int section, const QFont& drawn) const;
     void followWidths();
 
+    /// A caption is measured once for each width.
+    struct Measured
+    {
+        int width = 0;
+        int height = 0;
+    };
+    mutable QHash<QString, Measured> measured;
+    mutable QFont measuredIn;
     bool isFollowing = false;
 };
