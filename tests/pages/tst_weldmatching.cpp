@@ -11,34 +11,35 @@ using namespace ScheduleTest;
 
 namespace {
 
-/// Keeps what is written to the debug log while it is there.
+/// Keeps what is written to the debug log while it is there; there is one at a time.
 class DebugLines
 {
 public:
     DebugLines()
     {
-        written.clear();
+        current = this;
         before = qInstallMessageHandler(keep);
     }
     ~DebugLines() { qInstallMessageHandler(before); }
     DebugLines(const DebugLines&) = delete;
     DebugLines& operator=(const DebugLines&) = delete;
 
-    static QStringList written;
+    QStringList written;
 
 private:
     static void keep(QtMsgType type, const QMessageLogContext& context, const QString& line)
     {
         if (type == QtDebugMsg)
-            written << line;
+            current->written << line;
         else
-            before(type, context, line);
+            current->before(type, context, line);
     }
-    static QtMessageHandler before;
+
+    static DebugLines* current;
+    QtMessageHandler before;
 };
 
-QStringList DebugLines::written;
-QtMessageHandler DebugLines::before;
+DebugLines* DebugLines::current = nullptr;
 
 /// A column of values of the table.
 struct Column
@@ -841,7 +842,7 @@ void TestWeldMatching::anEmptyKeyLoadsNothing()
     {
         const DebugLines lines;
         t.page->loadMatchData(QString());
-        QCOMPARE(DebugLines::written, QStringList());
+        QCOMPARE(lines.written, QStringList());
     }
     QCOMPARE(t.reads(), 0);
     QCOMPARE(t.editor(2, 1), editor);
