@@ -149,6 +149,8 @@ void WeldCurvesTest::keys()
         record.remove(QLatin1String(key));
         QCOMPARE(checkCurve(curve, record).code, codeOf(ResultCode::MissingKey));
         QCOMPARE(fitCurve(record).code, codeOf(ResultCode::MissingKey));
+        // Either key tells which curve it is.
+        QCOMPARE(fitCurve(record).reason, checkCurve(curve, record).reason);
     }
     QJsonObject more = good;
     more.insert(QStringLiteral("slope"), 2);

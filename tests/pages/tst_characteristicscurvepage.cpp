@@ -6,6 +6,7 @@
 #include "UiScale.h"
 #include "WeldSettingPage.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -221,6 +222,18 @@ struct FreeTable
     QTableWidget table{0, 3};
 };
 
+/// Counts how often a widget is painted.
+class PaintCount : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 QImage picture(QWidget* chart)
 {
     chart->resize(380, 259);
@@ -261,10 +274,13 @@ private Q_SLOTS:
     void rowsAreMade();
     void rangeGoesByTheNameOfTheTable_data();
     void rangeGoesByTheNameOfTheTable();
+    void fractionsOfProcessValuesAreCut();
+    void columnRuleNeedsThreeColumns();
     void rowsAreLockedByTheMainSwitch();
     void columns();
     void widthOfTheNumbers_data();
     void widthOfTheNumbers();
+    void narrowViewportCountsAsItsTable();
 
     // Nodes.
     void jsonBecomesNodes_data();
@@ -295,6 +311,9 @@ private Q_SLOTS:
     void titles_data();
     void titles();
     void portIsTheXTitle();
+    void aLevelLineIsNotDrawn();
+    void computeRepaintsTheChart();
+    void sendsTheNumberOfTheBox();
     void save_data() { addTabs(); }
     void save();
     void saveReportsReply_data();
@@ -322,6 +341,7 @@ private Q_SLOTS:
     void showDiscardsEdits();
     void showSetsFontsAndRows();
     void styleIsSetOnce();
+    void popupsShowAllNumbers();
     void buttonsFit_data();
     void buttonsFit();
 };
@@ -521,6 +541,23 @@ void TestCharacteristicsCurvePage::rangeGoesByTheNameOfTheTable()
     }
 }
 
+void TestCharacteristicsCurvePage::fractionsOfProcessValuesAreCut()
+{
+    PageOnHost t;
+    t.page.rebuildNodeTable(t.table(0), 2, {{1, 10.7}, {2, 99.5}});
+    QCOMPARE(t.nodes(0), (Nodes{{1, 10}, {2, 99}}));
+}
+
+void TestCharacteristicsCurvePage::columnRuleNeedsThreeColumns()
+{
+    PageOnHost t;
+    QTableWidget table(0, 2);
+    t.page.rebuildNodeTable(&table, 2, {});
+    QCOMPARE(table.rowCount(), 2);
+    QCOMPARE(table.horizontalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+    QCOMPARE(table.horizontalHeader()->sectionResizeMode(0), QHeaderView::Interactive);
+}
+
 void TestCharacteristicsCurvePage::rowsAreLockedByTheMainSwitch()
 {
     PageOnHost t;
@@ -589,6 +626,8 @@ void TestCharacteristicsCurvePage::widthOfTheNumbers_data()
                             << "1"_s << 600;
     QTest::newRow("item") << "1"_s
                           << "123456789"_s << 600;
+    QTest::newRow("short item") << "1"_s
+                                << "1234"_s << 600;
     QTest::newRow("a fifth of a wide table") << wide << "1"_s << 800;
     QTest::newRow("never below 72") << "1"_s << wide << 200;
     QTest::newRow("a table without room") << wide << "1"_s << 60;
@@ -633,6 +672,19 @@ void TestCharacteristicsCurvePage::widthOfTheNumbers()
     QResizeEvent resized(t.page.size(), t.page.size());
     QCoreApplication::sendEvent(&t.page, &resized);
     QCOMPARE(table->columnWidth(0), std::min(needed, std::max(72, ownRoom / 5)));
+}
+
+void TestCharacteristicsCurvePage::narrowViewportCountsAsItsTable()
+{
+    PageOnHost t;
+    FreeTable free;
+    free.table.setHorizontalHeaderItem(0, new QTableWidgetItem(QString(40, QLatin1Char('W'))));
+    free.table.verticalHeader()->setFixedWidth(450);
+    free.table.resize(500, 300);
+    free.table.show();
+    QVERIFY(free.table.viewport()->width() < 80);
+    t.page.rebuildNodeTable(&free.table, 1, {});
+    QCOMPARE(free.table.columnWidth(0), 100);
 }
 
 void TestCharacteristicsCurvePage::jsonBecomesNodes_data()
@@ -1042,6 +1094,57 @@ void TestCharacteristicsCurvePage::portIsTheXTitle()
     QVERIFY(picture(t.chart(0)) != before);
 }
 
+void TestCharacteristicsCurvePage::computeRepaintsTheChart()
+{
+    PageOnHost t;
+    t.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&t.page));
+    PaintCount paints;
+    t.chart(0)->installEventFilter(&paints);
+    // Paints at once what waits for it, so that no turn of the event loop comes between.
+    const auto paintWhatWaits = [&t] {
+        QEvent request(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(&t.page, &request);
+    };
+    paintWhatWaits();
+    paints.count = 0;
+    paintWhatWaits();
+    QCOMPARE(paints.count, 0);
+    Page::updateChart(t.table(0), t.chart(0), 8.5, 1.25);
+    paintWhatWaits();
+    QCOMPARE(paints.count, 1);
+}
+
+// The box knows no number of eleven and is cleared by it; the rows are there.
+void TestCharacteristicsCurvePage::sendsTheNumberOfTheBox()
+{
+    PageOnHost t;
+    Nodes nodes;
+    for (int number = 1; number <= 11; ++number)
+        nodes << qMakePair(double(number), double(10 * number));
+    t.host.service.insert(
+        CurveKey, with(with(record(), "laser_power_node", 11), "power_nodes_data", pairs(nodes)));
+    t.show();
+    t.click(Curves[0].compute);
+    const QJsonObject sent = t.host.commands.first().data.value(ComputeCommand).toObject();
+    QCOMPARE(sent.value("laser_power_node"_s), QJsonValue(1));
+    QCOMPARE(sent.value("power_nodes_data"_s), QJsonValue(pairs(nodes)));
+}
+
+void TestCharacteristicsCurvePage::aLevelLineIsNotDrawn()
+{
+    PageOnHost t;
+    t.host.replies.insert(ComputeCommand, lineReply(0, 20));
+    t.show();
+    t.click(Curves[0].compute);
+    QVERIFY(t.chart(0)->isComputed());
+    CustomChart nodesOnly;
+    nodesOnly.setAxes(QString(), 2, 0, 10, QString(), 12, 0, 41);
+    nodesOnly.setPoints(storedNodes(0));
+    nodesOnly.setTitles("AO1"_s, text(Curves[0].yTitle));
+    QCOMPARE(picture(t.chart(0)), picture(&nodesOnly));
+}
+
 void TestCharacteristicsCurvePage::save()
 {
     QFETCH(int, tab);
@@ -1266,6 +1369,10 @@ void TestCharacteristicsCurvePage::access()
     t.host.level = level;
     t.switchMain(mainOn);
     child<QTabWidget>(&t.page, "tabWidget")->setEnabled(level < 3);
+    for (int tab = 0; tab < Page::TabCount; ++tab) {
+        for (QWidget* each : std::initializer_list<QWidget*>{t.chart(tab), t.table(tab)})
+            each->setEnabled(false);
+    }
     t.page.updateAccess();
     QCOMPARE(t.page.isEnabled(), level >= 3);
     if (level < 3)
@@ -1405,6 +1512,20 @@ void TestCharacteristicsCurvePage::styleIsSetOnce()
     t.page.installEventFilter(&watcher);
     t.page.applyPageStyle();
     QCOMPARE(watcher.changes, 0);
+}
+
+void TestCharacteristicsCurvePage::popupsShowAllNumbers()
+{
+    PageOnHost t;
+    t.page.applyPageStyle();
+    t.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&t.page));
+    QComboBox* box = t.nodeBox(0);
+    box->showPopup();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    QVERIFY(box->view()->viewport()->height() >= box->count() * box->view()->sizeHintForRow(0));
+    box->hidePopup();
 }
 
 void TestCharacteristicsCurvePage::buttonsFit_data()

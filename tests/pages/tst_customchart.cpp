@@ -201,6 +201,7 @@ private Q_SLOTS:
     void yTicksStandAt_data();
     void yTicksStandAt();
     void noLabelAtTheEndOfTheXAxis();
+    void anAxisThatRunsBackEndsWhereItStarts();
     void suffixesFollowTheLabels();
     void dotsStandAt_data();
     void dotsStandAt();
@@ -345,6 +346,14 @@ void TestCustomChart::yTicksStandAt()
     QCOMPARE(strokes(picture, 56, Qt::Vertical), QVector<int>({20, size.height() - 25}));
 }
 
+void TestCustomChart::anAxisThatRunsBackEndsWhereItStarts()
+{
+    const Axis x{QString(), 2, 0, 10};
+    const QImage back = pictureOf({x, {QString(), 1, 5, 0}}, OwnSize);
+    QCOMPARE(back, pictureOf({x, {QString(), 1, 5, 5}}, OwnSize));
+    QVERIFY(!isBlank(back, {QPoint(10, 235), QPoint(25, 246)})); // the one tick's label
+}
+
 void TestCustomChart::noLabelAtTheEndOfTheXAxis()
 {
     const QImage picture = pictureOf({{QString(), 2, 0, 10}, {QString(), 1, 0, 5}});
@@ -430,6 +439,7 @@ void TestCustomChart::lineRunsFromTo_data()
     QTest::newRow("below") << 1.0 << -10.5 << QPoint(360, 245) << QPoint(360, 245);
     QTest::newRow("falling, above") << -1.0 << 20.5 << QPoint(360, 9) << QPoint(360, 9);
     QTest::newRow("falling, below") << -1.0 << -0.5 << QPoint(50, 245) << QPoint(50, 245);
+    QTest::newRow("steep, above") << 2.0 << 10.5 << QPoint(50, 9) << QPoint(50, 9);
     QTest::newRow("far above") << 1.0 << 100.0 << QPoint(50, -1906) << QPoint(50, -1906);
 }
 

@@ -11,6 +11,36 @@ using namespace ScheduleTest;
 
 namespace {
 
+/// Keeps what is written to the debug log while it is there; there is one at a time.
+class DebugLines
+{
+public:
+    DebugLines()
+    {
+        current = this;
+        before = qInstallMessageHandler(keep);
+    }
+    ~DebugLines() { qInstallMessageHandler(before); }
+    DebugLines(const DebugLines&) = delete;
+    DebugLines& operator=(const DebugLines&) = delete;
+
+    QStringList written;
+
+private:
+    static void keep(QtMsgType type, const QMessageLogContext& context, const QString& line)
+    {
+        if (type == QtDebugMsg)
+            current->written << line;
+        else
+            current->before(type, context, line);
+    }
+
+    static DebugLines* current;
+    QtMessageHandler before;
+};
+
+DebugLines* DebugLines::current = nullptr;
+
 /// A column of values of the table.
 struct Column
 {
@@ -244,6 +274,7 @@ private Q_SLOTS:
     void headerIsThereOrNot();
     void aRowIsAddedToAnyTable();
     void spansAreCleared();
+    void initTakesFrameAndHeader();
 
     // Opening.
     void opensTheSelectedRecord_data();
@@ -275,6 +306,7 @@ private Q_SLOTS:
     void parseGrowsTheTable();
     void parsePassesOverSwitchesThatAreNot();
     void parseConfinesRowsAndColumns();
+    void parseStartsAtAnyCell();
 
     // Validation and saving.
     void refusesNeighbours_data();
@@ -689,6 +721,29 @@ void TestWeldMatching::spansAreCleared()
     }
 }
 
+void TestWeldMatching::initTakesFrameAndHeader()
+{
+    const MatchingPage t;
+    QTableWidget* table = t.table();
+    QHeaderView* header = table->horizontalHeader();
+    table->setFrameShape(QFrame::Box);
+    table->setSpan(2, 1, 2, 2);
+    header->show();
+    header->setHighlightSections(true);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    table->setColumnWidth(0, 99);
+    t.page->initMatchingTable();
+    QCOMPARE(table->frameShape(), QFrame::NoFrame);
+    QVERIFY(header->isHidden());
+    QVERIFY(!header->highlightSections());
+    QCOMPARE(table->rowSpan(2, 1), 1);
+    QCOMPARE(table->columnSpan(2, 1), 1);
+    QCOMPARE(table->columnWidth(0), 60);
+    QCOMPARE(header->sectionResizeMode(0), QHeaderView::Fixed);
+    for (int column = 1; column < 5; ++column)
+        QCOMPARE(header->sectionResizeMode(column), QHeaderView::Stretch);
+}
+
 void TestWeldMatching::opensTheSelectedRecord_data()
 {
     QTest::addColumn<int>("number");
@@ -784,7 +839,11 @@ void TestWeldMatching::anEmptyKeyLoadsNothing()
 {
     const MatchingPage t({{QString(), storedRecord()}});
     const QSpinBox* editor = t.editor(2, 1);
-    t.page->loadMatchData(QString());
+    {
+        const DebugLines lines;
+        t.page->loadMatchData(QString());
+        QCOMPARE(lines.written, QStringList());
+    }
     QCOMPARE(t.reads(), 0);
     QCOMPARE(t.editor(2, 1), editor);
     QCOMPARE(t.values(), Defaults);
@@ -922,6 +981,10 @@ void TestWeldMatching::readsRows_data()
                         start + "'power_data' element 2 is not an array"_s,
                         start + "'power_data' element 3 is not an array"_s, none})
         << 0;
+    QJsonArray lastIsEmpty = three;
+    lastIsEmpty.append(QJsonArray());
+    QTest::newRow("a last row of no values")
+        << QJsonValue(recordOf(lastIsEmpty)) << QStringList() << 3;
     QJsonArray broken = three;
     broken.append("row"_s);
     QTest::newRow("one that is no array")
@@ -1081,6 +1144,16 @@ void TestWeldMatching::parseConfinesRowsAndColumns()
     QVERIFY(many.parse({{keyOf(1), recordOf(QJsonArray(), false, true, false)}}));
     QCOMPARE(many.t.values(), Stored);
     QCOMPARE(many.t.switches(), QList<bool>({false, true, false}));
+}
+
+void TestWeldMatching::parseStartsAtAnyCell()
+{
+    QTableWidget table(1, 1);
+    auto* editor = new QSpinBox;
+    table.setCellWidget(0, 0, editor);
+    QVERIFY(WeldParameterPage::parseMatchParamToTable({{keyOf(1), storedRecord()}}, keyOf(1),
+                                                      &table, 0, 0, 1, 1));
+    QCOMPARE(editor->value(), Stored.rows[0][0]);
 }
 
 void TestWeldMatching::refusesNeighbours_data()

@@ -1,6 +1,8 @@
 #include "ScheduleTest.h"
+#include "UiScale.h"
 
 #include <QBoxLayout>
+#include <QFocusEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -43,6 +45,20 @@ QStringList tabTexts(const QTabWidget* tabs)
     return texts;
 }
 
+/// The reason for which a widget got the focus last.
+class FocusWatch : public QObject
+{
+public:
+    explicit FocusWatch(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn)
+            reason = static_cast<QFocusEvent*>(event)->reason();
+        return false;
+    }
+    Qt::FocusReason reason = Qt::NoFocusReason;
+};
+
 /// Lets what was put off to the next turn of the event loop come.
 void settle()
 {
@@ -65,6 +81,7 @@ private Q_SLOTS:
     void headerOfTheDetailView();
     void constructionAsksForNothing();
     void constructedPage();
+    void endTabIsArrangedAtFirst();
     void metaObject();
     void pageOutlivesSetting();
     void goesWithTimersPending();
@@ -96,6 +113,7 @@ private Q_SLOTS:
 
     void showReadsTheList();
     void showReadsMatching();
+    void showSetsTheFonts();
     void showReloadsTheRecord();
     void showReloadsMatching();
     void permission_data();
@@ -103,6 +121,12 @@ private Q_SLOTS:
     void editsLoseTheFocus_data();
     void editsLoseTheFocus();
     void otherFocusStays();
+    void changeOfTheViewTakesTheFocus();
+
+    void detailViewFollowsTheZoom_data();
+    void detailViewFollowsTheZoom();
+    void hiddenTabsSetNoStyle();
+    void openingStylesTheTabs();
 };
 
 void TestWeldParameterPage::stackHoldsThreeViews()
@@ -232,6 +256,22 @@ void TestWeldParameterPage::constructedPage()
                        false));
     QVERIFY(t.areShown({"pushButton_Config", "spinBox_swing_job", "label_73", "label_74"}, true));
     QCOMPARE(t.find<QTableWidget>("tableWidget_matching")->frameShape(), QFrame::NoFrame);
+}
+
+void TestWeldParameterPage::endTabIsArrangedAtFirst()
+{
+    const PageOnHost t;
+    for (const char* name : {"verticalLayout_end_left", "verticalLayout_end_right"}) {
+        auto* column = t.find<QVBoxLayout>(name);
+        for (int index = 0; index < column->count(); ++index)
+            QVERIFY(column->itemAt(index)->alignment() & Qt::AlignTop);
+    }
+    for (const char* name : {"horizontalLayout_wire_stick", "horizontalLayout_wire_retraction",
+                             "horizontalLayout_wire_fill_com"}) {
+        auto* row = t.find<QHBoxLayout>(name);
+        for (int index = 0; index < row->count(); ++index)
+            QCOMPARE(row->stretch(index), 1);
+    }
 }
 
 void TestWeldParameterPage::metaObject()
@@ -601,6 +641,19 @@ void TestWeldParameterPage::showReadsMatching()
     QCOMPARE(t.asked(), (QStringList{ReadMatch, Level}));
 }
 
+void TestWeldParameterPage::showSetsTheFonts()
+{
+    PageOnHost t;
+    QFont large = t.page->font();
+    large.setPointSize(33);
+    const QList<QWidget*> fields{t.number(Numbers[0]), t.choice(Choices[0])};
+    for (QWidget* each : fields)
+        each->setFont(large);
+    t.page->show();
+    for (const QWidget* each : fields)
+        QCOMPARE(each->font().pointSize(), UiScale::pointSize(10, t.page.get()));
+}
+
 void TestWeldParameterPage::showReloadsTheRecord()
 {
     PageOnHost t(PageOnHost::seven(fullRecord()));
@@ -710,6 +763,80 @@ void TestWeldParameterPage::otherFocusStays()
     t.page->show();
     settle();
     QCOMPARE(t.page->focusWidget(), static_cast<QWidget*>(t.list()));
+}
+
+// The stack gives the focus to the first field of the view, which keeps it for this turn only.
+void TestWeldParameterPage::changeOfTheViewTakesTheFocus()
+{
+    PageOnHost t;
+    t.page->show();
+    t.page->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(t.page.get()));
+    settle();
+    t.list()->setFocus();
+    const FocusWatch watch(t.page.get());
+    t.stack()->setCurrentIndex(1);
+    QCOMPARE(t.page->focusWidget(), static_cast<QWidget*>(t.comment()));
+    settle();
+    QCOMPARE(t.page->focusWidget(), static_cast<QWidget*>(t.page.get()));
+    QCOMPARE(watch.reason, Qt::OtherFocusReason);
+}
+
+void TestWeldParameterPage::detailViewFollowsTheZoom_data()
+{
+    QTest::addColumn<int>("way");
+    int way = 0;
+    for (const char* name : {"opening", "change of the view", "change of the tab", "show"})
+        QTest::newRow(name) << way++;
+}
+
+void TestWeldParameterPage::detailViewFollowsTheZoom()
+{
+    QFETCH(int, way);
+    PageOnHost t(PageOnHost::seven(fullRecord()));
+    t.page->show();
+    t.open(7);
+    if (way == 0)
+        t.click("pushButton_back");
+    t.host.nodes.insert("qeltheme.fontzoom"_s, 2.0);
+    if (way == 0) {
+        t.open(7);
+    } else if (way == 1) {
+        t.stack()->setCurrentIndex(2);
+        t.stack()->setCurrentIndex(1);
+    } else if (way == 2) {
+        t.find<QTabWidget>("tabWidget_config")->setCurrentIndex(1);
+    } else {
+        t.page->hide();
+        t.page->show();
+    }
+    QCOMPARE(t.find<QFrame>("frame_config_header")->maximumHeight(),
+             UiScale::controlHeight(t.page.get()) + 16);
+}
+
+void TestWeldParameterPage::hiddenTabsSetNoStyle()
+{
+    PageOnHost t(PageOnHost::seven(fullRecord()));
+    t.page->show();
+    t.open(7);
+    t.click("pushButton_back");
+    const int height = t.find<QFrame>("frame_config_header")->maximumHeight();
+    t.host.nodes.insert("qeltheme.fontzoom"_s, 2.0);
+    t.find<QTabWidget>("tabWidget_config")->setCurrentIndex(1);
+    QCOMPARE(t.find<QFrame>("frame_config_header")->maximumHeight(), height);
+}
+
+void TestWeldParameterPage::openingStylesTheTabs()
+{
+    const PageOnHost t(PageOnHost::seven(fullRecord()));
+    const auto* tabs = t.find<QTabWidget>("tabWidget_config");
+    QVERIFY(tabs->styleSheet().isEmpty());
+    t.page->show();
+    t.open(7);
+    const QString opened = tabs->styleSheet();
+    QVERIFY(opened.contains("#224d75"_s));
+    t.page->applyPageStyle();
+    QCOMPARE(tabs->styleSheet(), opened);
 }
 
 LASERWELD_TEST_MAIN(TestWeldParameterPage)
