@@ -23,11 +23,8 @@ constexpr double Limit = 0.25;
 class ScheduleHost : public PageBench::CellHost
 {
 public:
-    QJsonValue serviceData(const QString& key) override
+    ScheduleHost()
     {
-        if (key != QLatin1String("weld_param_config"))
-            return CellHost::serviceData(key);
-        QJsonObject records;
         for (int number = 1; number <= 30; ++number)
             records.insert(QString::fromLatin1("LsData%1").arg(number),
                            QJsonObject{{QLatin1String("welding_speed"), 10 + number},
@@ -35,8 +32,14 @@ public:
                                        {QLatin1String("wire_feed_enable_end"), true},
                                        {QLatin1String("wire_retraction_end"), true},
                                        {QLatin1String("Tips"), QLatin1String("fillet")}});
-        return records;
     }
+    QJsonValue serviceData(const QString& key) override
+    {
+        return key == QLatin1String("weld_param_config") ? records : CellHost::serviceData(key);
+    }
+
+private:
+    QJsonObject records;
 };
 
 template<typename Work>
@@ -104,13 +107,16 @@ int main(int argc, char** argv)
         });
     };
     const double first = open();
-    double again = 1e300;
-    const SheetWatch watch(page);
-    for (int round = 0; round < Rounds; ++round) {
+    const auto openAgain = [&] {
         back->click();
         settle();
-        again = std::min(again, open());
-    }
+        return open();
+    };
+    double again = 1e300;
+    for (int round = 0; round < Rounds; ++round)
+        again = std::min(again, openAgain());
+    const SheetWatch watch(page); // which takes time itself
+    openAgain();
     bool holds = Ratio::report("a schedule opened again / opened first", {again, first}, Limit);
     std::printf("%-58s %12d\n", "style changes while opened again", watch.count);
     holds &= watch.count == 0;

@@ -211,8 +211,11 @@ void WeldParameterPage::arrangeConfigLayouts()
     }
     for (QGroupBox* Form::*group : Groups)
         UiScale::expand((*ui).*group);
-    for (QScrollArea* Form::*scroll : Scrolls)
-        UiScale::expand((*ui).*scroll);
+    for (QScrollArea* Form::*each : Scrolls) {
+        QScrollArea* scroll = (*ui).*each;
+        UiScale::expand(scroll);
+        scroll->widget()->setAutoFillBackground(false); // or Qt paints all of it twice
+    }
     for (QLayout* each : {ui->groupBox->layout(), ui->groupBox_2->layout(),
                           static_cast<QLayout*>(ui->gridLayout_8)})
         tighten(each, 6, 4);
