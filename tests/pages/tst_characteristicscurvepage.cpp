@@ -1,6 +1,7 @@
 #include "CharacteristicsCurvePage.h"
 #include "CustomChart.h"
 #include "LogFolder.h"
+#include "PolishWatch.h"
 #include "ScriptedHost.h"
 #include "TestCase.h"
 #include "UiScale.h"
@@ -262,6 +263,8 @@ private Q_SLOTS:
     void tabs();
     void tables_data() { addTabs(); }
     void tables();
+    void tabPolishesWhatItShows();
+    void captionsBreak();
     void startsWithTwoRows_data() { addTabs(); }
     void startsWithTwoRows();
     void slotsOfTheClass();
@@ -399,6 +402,33 @@ void TestCharacteristicsCurvePage::tables()
     QCOMPARE(table->horizontalHeaderItem(0)->text(), "Node"_s);
     QCOMPARE(table->horizontalHeaderItem(1)->text(), "GO/AO/Reg"_s);
     QCOMPARE(table->horizontalHeaderItem(2)->text(), text(Curves[tab].header));
+}
+
+void TestCharacteristicsCurvePage::tabPolishesWhatItShows()
+{
+    PageOnHost t;
+    t.page.applyPageStyle();
+    t.show();
+    QCoreApplication::processEvents();
+    for (const int tab : {1, 2, 3, 0, 1}) {
+        const PolishWatch watch;
+        child<QTabWidget>(&t.page, "tabWidget")->setCurrentIndex(tab);
+        QCoreApplication::processEvents();
+        QVERIFY(watch.polished.size() <= shownWidgets(&t.page));
+    }
+}
+
+void TestCharacteristicsCurvePage::captionsBreak()
+{
+    PageOnHost t;
+    t.page.applyPageStyle();
+    t.page.resize(700, 500);
+    t.show();
+    const QHeaderView* header = t.table(0)->horizontalHeader();
+    QCoreApplication::processEvents();
+    const int oneLine = header->height();
+    t.table(0)->horizontalHeaderItem(1)->setText("a port with quite a long name"_s);
+    QTRY_VERIFY(header->height() > oneLine);
 }
 
 void TestCharacteristicsCurvePage::startsWithTwoRows()

@@ -1,4 +1,5 @@
 #include "CaptionText.h"
+#include "PolishWatch.h"
 #include "ScheduleTest.h"
 #include "StyleHelpers.h"
 #include "UiScale.h"
@@ -10,7 +11,6 @@
 #include <QHeaderView>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSet>
 
 using namespace ScheduleTest;
 
@@ -50,22 +50,6 @@ struct StyledPage : PageOnHost
         page->show();
         open(7);
     }
-};
-
-/// The widgets that are polished, for the first time or again, while it lives.
-class PolishWatch : public QObject
-{
-public:
-    PolishWatch() { qApp->installEventFilter(this); }
-    bool eventFilter(QObject* object, QEvent* event) override
-    {
-        const bool isPolish =
-            event->type() == QEvent::Polish || event->type() == QEvent::StyleChange;
-        if (isPolish && object->isWidgetType())
-            polished << static_cast<QWidget*>(object);
-        return false;
-    }
-    QSet<QWidget*> polished;
 };
 
 /// A page that is smaller than a schedule: what a window of 800 by 600 leaves.
@@ -138,10 +122,7 @@ void TestWeldParameterStyle::switchPolishesWhatItShows()
         const PolishWatch watch;
         change();
         QCoreApplication::processEvents();
-        const auto shown = t.page->findChildren<QWidget*>();
-        const auto visible = std::count_if(shown.begin(), shown.end(),
-                                           [](const QWidget* each) { return each->isVisible(); });
-        QVERIFY2(watch.polished.size() <= visible, name);
+        QVERIFY2(watch.polished.size() <= shownWidgets(t.page.get()), name);
     };
     for (const int tab : {1, 2, 0, 1, 2})
         expectShown("schedule",
