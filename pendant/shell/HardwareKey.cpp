@@ -15,7 +15,7 @@ constexpr int Width = 88;
 constexpr int Height = 96;
 constexpr int Picture = 44;
 constexpr int Margin = 8;
-constexpr int Side = 2; // beside the caption
+constexpr int Side = 4; // beside the caption
 constexpr int Radius = 10;
 
 bool isTrigger(const QKeyEvent* event)

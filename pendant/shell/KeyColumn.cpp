@@ -14,7 +14,7 @@ namespace {
 
 // For 96 dots per inch.
 constexpr int Width = 104;
-constexpr int NarrowWidth = 84;
+constexpr int NarrowWidth = 88;
 constexpr int Gap = 8;
 constexpr int NarrowGap = 4;
 

@@ -21,8 +21,6 @@ void makeReadOnlyTable(QTableView* table, std::initializer_list<int> widths)
     head->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     head->setStretchLastSection(true);
     head->setHighlightSections(false);
-    // Qt looks at the heights of the rows when rows come, not when the width changes.
-    QObject::connect(head, &QHeaderView::sectionResized, table, &QTableView::resizeRowsToContents);
     int column = 0;
     for (const int width : widths)
         table->setColumnWidth(column++, Theme::px(width));

@@ -24,7 +24,7 @@ constexpr const char* PendantFont = "Microsoft YaHei UI";
 constexpr const char* FreeFont = "Noto Sans CJK SC";
 constexpr int FontPoints = 10;
 // The smallest window in which the shell leaves room for a page, for 96 dots per inch.
-constexpr double LeastWidth = 720;
+constexpr double LeastWidth = 750;
 constexpr double LeastHeight = 540;
 
 /// What the sizes of the shell are multiplied with, on top of the scale of the screen: at most 1.
