@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -58,12 +59,31 @@ void clickInPopup(QAbstractItemView* list, const QModelIndex& index)
     sendClick(list->viewport(), place);
 }
 
-// A page may be longer than its view.
+// In what is in view of it. A check box may be wider than what it shows, and takes a click on that
+// alone.
+QPoint placeOn(const QWidget* widget)
+{
+    QRect touched = widget->rect();
+    if (qobject_cast<const QCheckBox*>(widget))
+        touched.setWidth(qMin(touched.width(), widget->sizeHint().width()));
+    const QRect inView = touched & widget->visibleRegion().boundingRect();
+    return (inView.isEmpty() ? touched : inView).center();
+}
+
+// Where the bar is too narrow for its tabs.
+QToolButton* scrollArrow(const QTabBar* tabs, bool toTheLeft)
+{
+    return tabs->findChild<QToolButton*>(toTheLeft ? QStringLiteral("ScrollLeftButton")
+                                                   : QStringLiteral("ScrollRightButton"));
+}
+
+// A page may be longer than its view, and the view hardly higher than the widget.
 void scrollTo(QWidget* widget)
 {
+    QApplication::processEvents();
     for (QWidget* each = widget->parentWidget(); each; each = each->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(each))
-            area->ensureWidgetVisible(widget);
+            area->ensureWidgetVisible(widget, 0, 0);
         if (auto* view = qobject_cast<QAbstractItemView*>(each))
             view->scrollTo(view->indexAt(widget->mapTo(view->viewport(), QPoint())));
     }
@@ -132,7 +152,7 @@ bool Hand::press(QWidget* widget)
         return false;
     scrollTo(widget);
     QApplication::processEvents();
-    const QPoint place = widget->rect().center();
+    const QPoint place = placeOn(widget);
     if (!reach(widget, place))
         return false;
     sendMouse(widget, QEvent::MouseButtonPress, place);
@@ -143,7 +163,7 @@ bool Hand::release(QWidget* widget)
 {
     if (!widget)
         return false;
-    sendMouse(widget, QEvent::MouseButtonRelease, widget->rect().center());
+    sendMouse(widget, QEvent::MouseButtonRelease, placeOn(widget));
     return true;
 }
 
@@ -167,6 +187,21 @@ bool Hand::click(QAbstractItemView* view, const QModelIndex& index)
     return true;
 }
 
+// A tab that lies under the arrows of its bar, or beyond, is brought out with them.
+bool Hand::bringOut(QTabBar* tabs, int index)
+{
+    for (int presses = 0; presses < tabs->count(); ++presses) {
+        const QRect tab = tabs->tabRect(index);
+        if (reach(tabs, tab.center()))
+            return true;
+        QToolButton* arrow = scrollArrow(tabs, tab.left() < 0);
+        if (!arrow || !arrow->isVisible() || !arrow->isEnabled() || !click(arrow))
+            break;
+        QApplication::processEvents();
+    }
+    return reach(tabs, tabs->tabRect(index).center());
+}
+
 bool Hand::click(QTabBar* tabs, const QString& text)
 {
     if (!tabs)
@@ -174,10 +209,9 @@ bool Hand::click(QTabBar* tabs, const QString& text)
     for (int index = 0; index < tabs->count(); ++index) {
         if (tabs->tabText(index) != text)
             continue;
-        const QPoint place = tabs->tabRect(index).center();
-        if (!reach(tabs, place))
+        if (!bringOut(tabs, index))
             return false;
-        sendClick(tabs, place);
+        sendClick(tabs, tabs->tabRect(index).center());
         return tabs->currentIndex() == index ||
                refuse(QStringLiteral("the tab \"%1\" does not open").arg(text));
     }

@@ -31,7 +31,7 @@ public:
     bool release(QWidget* widget);
     /// Of a row that is out of view, after scrolling to it.
     bool click(QAbstractItemView* view, const QModelIndex& index);
-    /// Of the tab that shows the text.
+    /// Of the tab that shows the text, after scrolling to it.
     bool click(QTabBar* tabs, const QString& text);
     /// Opens the list and clicks the entry.
     bool choose(QComboBox* box, const QString& entry);
@@ -47,6 +47,7 @@ public:
 private:
     bool refuse(const QString& reason);
     bool reach(QWidget* widget, const QPoint& place);
+    bool bringOut(QTabBar* tabs, int index);
     QWidget* findWithin(QWidget* parent, const QString& name);
 
     QWidget& window;

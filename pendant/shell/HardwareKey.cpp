@@ -15,6 +15,7 @@ constexpr int Width = 88;
 constexpr int Height = 96;
 constexpr int Picture = 44;
 constexpr int Margin = 8;
+constexpr int Side = 4; // beside the caption
 constexpr int Radius = 10;
 
 bool isTrigger(const QKeyEvent* event)
@@ -153,7 +154,8 @@ void HardwareKey::paintEvent(QPaintEvent*)
     const int size = Theme::px(Picture);
     paintPicture(painter, QRect((width() - size) / 2, margin, size, size));
     painter.setPen(QColor(Theme::Ink));
-    painter.drawText(QRect(margin / 2, margin + size, width() - margin, height() - margin - size),
+    const int side = Theme::px(Side);
+    painter.drawText(QRect(side, margin + size, width() - 2 * side, height() - margin - size),
                      Qt::AlignCenter | Qt::TextWordWrap, record.label);
 }
 
@@ -169,7 +171,7 @@ void HardwareKey::paintPicture(QPainter& painter, const QRect& place) const
         return;
     }
     QFont large = font();
-    large.setPointSize(18);
+    large.setPointSizeF(Theme::points(18));
     large.setBold(true);
     painter.save();
     painter.setFont(large);

@@ -14,7 +14,9 @@ namespace {
 
 // For 96 dots per inch.
 constexpr int Width = 104;
+constexpr int NarrowWidth = 88;
 constexpr int Gap = 8;
+constexpr int NarrowGap = 4;
 
 } // namespace
 
@@ -22,11 +24,17 @@ KeyColumn::KeyColumn(QWidget* parent)
     : QFrame(parent)
     , column(new QVBoxLayout(this))
 {
-    const int gap = Theme::px(Gap);
-    column->setContentsMargins(gap, gap, gap, gap);
-    column->setSpacing(gap);
+    column->setSpacing(Theme::px(Gap));
     column->addStretch(1);
-    setFixedWidth(Theme::px(Width));
+    setNarrow(false);
+}
+
+void KeyColumn::setNarrow(bool narrow)
+{
+    const int gap = Theme::px(Gap);
+    const int side = Theme::px(narrow ? NarrowGap : Gap);
+    column->setContentsMargins(side, gap, side, gap);
+    setFixedWidth(Theme::px(narrow ? NarrowWidth : Width));
 }
 
 void KeyColumn::setKeys(const QString& plugin, const QString& group,

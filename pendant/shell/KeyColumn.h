@@ -19,6 +19,8 @@ class KeyColumn : public QFrame
 public:
     explicit KeyColumn(QWidget* parent = nullptr);
 
+    /// In a narrow window the keys are as narrow as their captions permit, for the page's sake.
+    void setNarrow(bool narrow);
     /// Replaces the plugin's keys of the group.
     void setKeys(const QString& plugin, const QString& group,
                  const QList<qelplugin::PhysicalButton>& keys);

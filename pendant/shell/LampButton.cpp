@@ -21,6 +21,7 @@ LampButton::LampButton(const QString& caption, QWidget* parent)
     : QAbstractButton(parent)
 {
     setText(caption);
+    setFont(Theme::font());
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -42,7 +43,7 @@ void LampButton::setLamp(const QColor& colour)
 QFont LampButton::captionFont() const
 {
     QFont small = font();
-    small.setPointSizeF(8.5);
+    small.setPointSizeF(Theme::points(8.5));
     return small;
 }
 

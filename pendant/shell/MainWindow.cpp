@@ -17,6 +17,8 @@
 #include <QCloseEvent>
 #include <QEvent>
 #include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTime>
@@ -31,6 +33,10 @@ namespace {
 constexpr int LogLines = 2000;
 // Height for 96 dots per inch: all faults are in view.
 constexpr int LeastDrawer = 376;
+// Width for 96 dots per inch: below it the keys are narrow.
+constexpr int WideWindow = 1000;
+// For 96 dots per inch. The plugins hold back half of what a screen has more.
+constexpr QSize LeastPage(520, 370);
 constexpr int Warning = 1; // severity of a message
 
 QVBoxLayout* plainColumn(QWidget* parent)
@@ -89,6 +95,8 @@ void MainWindow::build(Controller& controller)
     column->addWidget(strip);
     auto* messagePage = new MessagePage(history);
     connect(messagePage, &MessagePage::clearClicked, this, &MainWindow::clearMessages);
+    connect(strip, &MessageStrip::messageClicked, this,
+            [this, messagePage] { drawer->open(messagePage); });
     addPanel(QStringLiteral("messages"), tr("Messages"), messagePage);
     addPanel(QStringLiteral("faults"), tr("Faults"), new FaultPanel(controller));
     addPanel(QStringLiteral("io"), tr("I/O"), new IoMonitor(controller));
@@ -105,8 +113,8 @@ QWidget* MainWindow::buildBody()
     rightKeys->setObjectName(QStringLiteral("keyColumn_right"));
     tabs->setObjectName(QStringLiteral("tabBar"));
     tabs->setExpanding(false);
+    tabs->setFont(Theme::font());
     tabs->hide();
-    pages->setObjectName(QStringLiteral("pages"));
     centre->setObjectName(QStringLiteral("centre"));
     centre->installEventFilter(this);
     auto* body = new QWidget(this);
@@ -116,12 +124,28 @@ QWidget* MainWindow::buildBody()
     row->addWidget(leftKeys);
     auto* column = plainColumn(new QWidget);
     column->addWidget(tabs);
-    column->addWidget(pages, 1);
+    column->addWidget(buildPages(), 1);
     centre->addWidget(column->parentWidget());
     centre->addWidget(programPage);
     row->addWidget(centre, 1);
     row->addWidget(rightKeys);
     return body;
+}
+
+// A page is not squeezed: it is scrolled.
+QWidget* MainWindow::buildPages()
+{
+    pages->setObjectName(QStringLiteral("pages"));
+    pages->setMinimumSize(LeastPage * ((1 + Theme::screenScale()) / 2));
+    auto* area = new QScrollArea(this);
+    area->setObjectName(QStringLiteral("scroll_pages"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(pages);
+    Theme::dress(area->verticalScrollBar());
+    Theme::dress(area->horizontalScrollBar());
+    return area;
 }
 
 void MainWindow::addPanel(const QString& name, const QString& caption, QWidget* content)
@@ -305,6 +329,13 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     QWidget::closeEvent(event);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    for (KeyColumn* keys : {leftKeys, rightKeys})
+        keys->setNarrow(width() < Theme::px(WideWindow));
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)

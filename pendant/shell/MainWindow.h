@@ -61,12 +61,14 @@ Q_SIGNALS:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void build(Controller& controller);
     void follow(const Controller& controller);
     QWidget* buildBody();
+    QWidget* buildPages();
     void addPanel(const QString& name, const QString& caption, QWidget* content);
     QWidget* buildLog(const Controller& controller);
     void selectPage(int index);

@@ -4,6 +4,7 @@
 #include "Tables.h"
 #include "Theme.h"
 
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -17,6 +18,11 @@ MessagePage::MessagePage(MessageModel& model, QWidget* parent)
     table->setObjectName(QStringLiteral("table_messages"));
     table->setModel(&model);
     makeReadOnlyTable(table, {90, 120});
+    // Qt looks at the heights of the rows when rows come, not when the width changes. A scroll bar
+    // that comes and goes with the heights would change the width in turn.
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    connect(table->horizontalHeader(), &QHeaderView::sectionResized, table,
+            &QTableView::resizeRowsToContents);
     auto* clear = new QPushButton(tr("Clear"), this);
     clear->setObjectName(QStringLiteral("button_clearMessages"));
     auto* column = new QVBoxLayout(this);

@@ -1,10 +1,12 @@
 #include "MessageStrip.h"
 
+#include "BriefLabel.h"
 #include "MessageModel.h"
 #include "Theme.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 
 namespace pendant {
@@ -14,7 +16,7 @@ MessageStrip::MessageStrip(QWidget* parent)
     , row(new QHBoxLayout(this))
     , box(new QFrame(this))
     , time(new QLabel(box))
-    , text(new QLabel(box))
+    , text(new BriefLabel(box))
 {
     setObjectName(QStringLiteral("messageStrip"));
     const int gap = Theme::px(8);
@@ -24,11 +26,6 @@ MessageStrip::MessageStrip(QWidget* parent)
     box->setObjectName(QStringLiteral("messageBox"));
     time->setObjectName(QStringLiteral("label_messageTime"));
     text->setObjectName(QStringLiteral("label_message"));
-    text->setTextFormat(Qt::PlainText);
-    text->setWordWrap(true);
-    // Two lines of text whatever it says, so that a long message does not move the page.
-    text->setMinimumWidth(0);
-    text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     auto* line = new QHBoxLayout(box);
     line->setContentsMargins(Theme::px(12), 0, gap, 0);
     line->setSpacing(Theme::px(12));
@@ -68,8 +65,15 @@ QAbstractButton* MessageStrip::addButton(const QString& name, const QString& cap
     auto* button = new QPushButton(caption, this);
     button->setObjectName(QStringLiteral("button_") + name);
     button->setCheckable(true);
+    button->setProperty("narrow", true);
     row->addWidget(button);
     return button;
+}
+
+void MessageStrip::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && box->geometry().contains(event->pos()))
+        Q_EMIT messageClicked();
 }
 
 } // namespace pendant

@@ -8,10 +8,12 @@ class QLabel;
 
 namespace pendant {
 
+class BriefLabel;
 struct Message;
 
 /// The strip at the bottom: the last message in the colour of its severity, and the buttons that
-/// open the panels.
+/// open the panels. It is of one height whatever the message says: what two lines do not hold is
+/// left out there, and stands in the tool tip.
 class MessageStrip : public QFrame
 {
     Q_OBJECT
@@ -24,13 +26,19 @@ public:
     /// Adds a checkable button behind the message; its name becomes "button_<name>".
     QAbstractButton* addButton(const QString& name, const QString& caption);
 
+Q_SIGNALS:
+    void messageClicked();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
 private:
     void tint(const QColor& bar, const QColor& ground);
 
     QHBoxLayout* row;
     QFrame* box;
     QLabel* time;
-    QLabel* text;
+    BriefLabel* text;
 };
 
 } // namespace pendant

@@ -23,7 +23,7 @@ QSize windowSize(const Options& options)
 {
     if (!options.windowSize.isEmpty())
         return options.windowSize;
-    const QSize size(Theme::px(DesignSize.width()), Theme::px(DesignSize.height()));
+    const QSize size = DesignSize * Theme::screenScale();
     // Without a display the screen is no limit.
     if (QGuiApplication::platformName() == QLatin1String("offscreen"))
         return size;
@@ -37,6 +37,7 @@ std::unique_ptr<Session> Session::open(const Options& options, QString* error)
     auto controller = Controller::open(options.cellFile, options.cellSize, error);
     if (!controller)
         return nullptr;
+    Theme::fit(windowSize(options));
     return std::unique_ptr<Session>(new Session(std::move(controller), options));
 }
 

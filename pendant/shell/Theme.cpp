@@ -23,6 +23,12 @@ namespace {
 constexpr const char* PendantFont = "Microsoft YaHei UI";
 constexpr const char* FreeFont = "Noto Sans CJK SC";
 constexpr int FontPoints = 10;
+// The smallest window in which the shell leaves room for a page, for 96 dots per inch.
+constexpr double LeastWidth = 750;
+constexpr double LeastHeight = 540;
+
+/// What the sizes of the shell are multiplied with, on top of the scale of the screen: at most 1.
+double shrink = 1;
 
 QPalette palette()
 {
@@ -40,7 +46,7 @@ QPalette palette()
     return colours;
 }
 
-// Sizes in the sheet are written as "12dp", for 96 dots per inch.
+// Sizes in the sheet are written as "12dp", for 96 dots per inch, and as "9pt".
 QString scaledSheet()
 {
     registerResources();
@@ -48,13 +54,16 @@ QString scaledSheet()
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QString text = QString::fromUtf8(file.readAll());
-    static const QRegularExpression size(QStringLiteral("(\\d+)dp"));
+    static const QRegularExpression size(QStringLiteral("(\\d+)(dp|pt)"));
     QString result;
     int copied = 0;
     for (auto each = size.globalMatch(text); each.hasNext();) {
         const auto match = each.next();
         result += text.midRef(copied, match.capturedStart() - copied);
-        result += QStringLiteral("%1px").arg(Theme::px(match.captured(1).toInt()));
+        const int number = match.captured(1).toInt();
+        result += match.captured(2) == QLatin1String("dp")
+                      ? QStringLiteral("%1px").arg(Theme::px(number))
+                      : QStringLiteral("%1pt").arg(Theme::points(number));
         copied = match.capturedEnd();
     }
     return result + text.midRef(copied);
@@ -70,10 +79,33 @@ void Theme::apply(QApplication& application)
     application.setFont(QFont(QString::fromLatin1(PendantFont), FontPoints));
 }
 
-int Theme::px(int size)
+double Theme::screenScale()
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? qRound(size * screen->logicalDotsPerInch() / 96.0) : size;
+    return screen ? screen->logicalDotsPerInch() / 96.0 : 1.0;
+}
+
+void Theme::fit(const QSize& window)
+{
+    const double room = qMin(window.width() / LeastWidth, window.height() / LeastHeight);
+    shrink = qMin(1.0, room / screenScale());
+}
+
+int Theme::px(int size)
+{
+    return qRound(size * screenScale() * shrink);
+}
+
+double Theme::points(double size)
+{
+    return size * shrink;
+}
+
+QFont Theme::font()
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(points(FontPoints));
+    return font;
 }
 
 void Theme::dress(QWidget* widget)

@@ -4,6 +4,8 @@
 #include <QString>
 
 class QApplication;
+class QFont;
+class QSize;
 class QWidget;
 
 namespace pendant {
@@ -26,8 +28,17 @@ constexpr QRgb Off = 0xff9aa7b3;
 
 /// Font, palette and style of the application.
 void apply(QApplication& application);
-/// Pixels on the screen for a size given for 96 dots per inch.
+/// Of the screen: 1 at 96 dots per inch.
+double screenScale();
+/// To be called before anything is built in a window of the size in pixels: the shell is drawn
+/// smaller where it would fill the window at the size for the screen, and leave no page.
+void fit(const QSize& window);
+/// Pixels of the shell for a size given for 96 dots per inch.
 int px(int size);
+/// Size of a font of the shell, in points.
+double points(double size);
+/// The font of the shell's texts.
+QFont font();
 /// Gives the widget the shell's style sheet.
 void dress(QWidget* widget);
 

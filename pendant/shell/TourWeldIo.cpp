@@ -3,6 +3,7 @@
 #include "Controller.h"
 #include "WeldIo.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QJsonObject>
 #include <QTabBar>
@@ -140,8 +141,14 @@ bool pressSave(TourStage& stage, int level, const char* message)
 
 bool turnFault(TourStage& stage, const char* name)
 {
-    return stage.clickName(latin("button_faults")) &&
-           stage.clickName(named("fault_%1", latin(name))) &&
+    if (!stage.clickName(latin("button_faults")))
+        return false;
+    const QString box = named("fault_%1", latin(name));
+    const auto* fault = qobject_cast<QAbstractButton*>(stage.widget(box));
+    const bool wasOn = fault && fault->isChecked();
+    return stage.clickName(box) &&
+           stage.expect(fault && fault->isChecked() != wasOn,
+                        QStringLiteral("\"%1\" does not switch").arg(box)) &&
            stage.clickName(latin("button_closeDrawer"));
 }
 

@@ -1,6 +1,7 @@
 #include "Hand.h"
 #include "TestCase.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -75,11 +76,14 @@ private Q_SLOTS:
     void clicksNothing();
     void clicksWhatCannotBeReached_data();
     void clicksWhatCannotBeReached();
+    void clicksAWideCheckBox();
     void scrollsTo();
+    void scrollsInALowView();
     void clicksRows_data();
     void clicksRows();
     void refusesRows();
     void clicksTabs();
+    void clicksTabsOutOfView();
     void scrollsATable();
     void entersReturn();
     void chooses_data();
@@ -142,6 +146,34 @@ void TestHand::clicksWhatCannotBeReached()
     QCOMPARE(clicked.size(), 0);
 }
 
+// It takes a click on what it shows only.
+void TestHand::clicksAWideCheckBox()
+{
+    Desk desk;
+    auto* box = desk.add<QCheckBox>("check");
+    box->setText(QStringLiteral("On"));
+    QCoreApplication::processEvents();
+    QVERIFY(box->width() > 3 * box->sizeHint().width());
+    QVERIFY2(desk.hand.click(box), qPrintable(desk.hand.complaint()));
+    QVERIFY(box->isChecked());
+}
+
+// The view is lower than the button.
+void TestHand::scrollsInALowView()
+{
+    Desk desk;
+    auto* area = desk.add<QScrollArea>("area");
+    auto* content = new QWidget;
+    content->resize(2000, 2000);
+    QPushButton large(content);
+    large.setGeometry(1000, 1000, 900, 90);
+    area->setFixedHeight(60);
+    area->setWidget(content);
+    const QSignalSpy clicked(&large, &QPushButton::clicked);
+    QVERIFY2(desk.hand.click(&large), qPrintable(desk.hand.complaint()));
+    QCOMPARE(clicked.size(), 1);
+}
+
 void TestHand::scrollsTo()
 {
     Desk desk;
@@ -201,6 +233,25 @@ void TestHand::clicksTabs()
     QVERIFY(!desk.hand.click(static_cast<QTabBar*>(nullptr), QStringLiteral("One")));
     tabs->hide();
     QVERIFY(!desk.hand.click(tabs, QStringLiteral("One")));
+}
+
+// With the arrows of the bar.
+void TestHand::clicksTabsOutOfView()
+{
+    Desk desk;
+    auto* tabs = desk.add<QTabBar>("tabs");
+    const QStringList all = numbered("a tab of some width ");
+    for (const QString& each : all.mid(0, 9))
+        tabs->addTab(each);
+    QCoreApplication::processEvents();
+    for (const int index : {8, 0, 4, 3, 5}) {
+        QVERIFY2(desk.hand.click(tabs, all.at(index)), qPrintable(desk.hand.complaint()));
+        QCOMPARE(tabs->currentIndex(), index);
+    }
+    tabs->setUsesScrollButtons(false);
+    tabs->setFixedWidth(50);
+    QVERIFY(!desk.hand.click(tabs, all.at(8)));
+    QVERIFY(desk.hand.complaint().endsWith(QStringLiteral("is covered or out of view")));
 }
 
 void TestHand::scrollsATable()

@@ -9,6 +9,8 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -73,6 +75,7 @@ private Q_SLOTS:
     void titleFollowsThePage();
     void reopenHidesAndShows();
     void messagesReachStripAndHistory();
+    void aClickOnTheStripOpensTheMessages();
     void panels_data();
     void panels();
     void onePanelAtATime();
@@ -84,6 +87,9 @@ private Q_SLOTS:
     void closingAsksForTheProgram();
     void noTextIsCut_data();
     void noTextIsCut();
+    void keysAreNarrowInANarrowWindow();
+    void pagesAreScrolledNotSqueezed();
+    void cleanup();
 };
 
 void TestMainWindow::lampsFollowTheController()
@@ -260,6 +266,24 @@ void TestMainWindow::messagesReachStripAndHistory()
     QVERIFY(child<QLabel>(&bench.window, "label_message")->text().isEmpty());
 }
 
+// Where a long one wraps, in the look of the panel too.
+void TestMainWindow::aClickOnTheStripOpensTheMessages()
+{
+    Bench bench;
+    bench.window.resize(800, 600);
+    const QString text = QStringLiteral("Signal Duty: the register is invalid. ").repeated(10);
+    bench.window.showMessage(PluginA, 2, text);
+    for (int time = 0; time < 2; ++time) {
+        QTest::mouseClick(child<QLabel>(&bench.window, "label_message"), Qt::LeftButton);
+        QVERIFY(child<QWidget>(&bench.window, "panel_messages")->isVisible());
+        QVERIFY(child<QAbstractButton>(&bench.window, "button_messages")->isChecked());
+    }
+    const auto* table = child<QTableView>(&bench.window, "table_messages");
+    const QRect room(0, 0, table->columnWidth(2), 10000);
+    const QRect needed = table->fontMetrics().boundingRect(room, Qt::TextWordWrap, text);
+    QTRY_VERIFY(table->rowHeight(0) >= needed.height());
+}
+
 void TestMainWindow::panels_data()
 {
     QTest::addColumn<QString>("name");
@@ -375,12 +399,15 @@ void TestMainWindow::noTextIsCut_data()
     QTest::addColumn<QSize>("size");
     QTest::newRow("usual") << QSize(1024, 768);
     QTest::newRow("small") << QSize(800, 600);
+    QTest::newRow("800x600 at 144 dpi") << QSize(533, 400);
+    QTest::newRow("800x600 at 192 dpi") << QSize(400, 300);
 }
 
 // Every button and caption of the shell gets the room that it asks for.
 void TestMainWindow::noTextIsCut()
 {
     QFETCH(QSize, size);
+    Theme::fit(size);
     Bench bench;
     bench.window.setPageTitle(PluginA, QStringLiteral("Laser Welding"));
     bench.window.showUser(4);
@@ -399,7 +426,37 @@ void TestMainWindow::noTextIsCut()
                      qPrintable(button->objectName() + button->text()));
         }
     }
-    QVERIFY2(bench.window.size() == size, "the window does not get as small as that");
+    QCOMPARE(bench.window.size(), size);
+}
+
+void TestMainWindow::keysAreNarrowInANarrowWindow()
+{
+    Bench bench;
+    const auto* column = child<QWidget>(&bench.window, "keyColumn_left");
+    const int wide = column->width();
+    bench.window.resize(800, 600);
+    QTRY_VERIFY(column->width() < wide);
+    QVERIFY(bench.key()->height() >= 64);
+    QVERIFY(bench.key()->width() >= 64);
+    bench.window.resize(1024, 768);
+    QTRY_COMPARE(column->width(), wide);
+}
+
+void TestMainWindow::pagesAreScrolledNotSqueezed()
+{
+    Theme::fit({400, 300});
+    Bench bench;
+    auto* bar = child<QScrollArea>(&bench.window, "scroll_pages")->horizontalScrollBar();
+    QTRY_COMPARE(bench.page->width(), bench.window.width() - 2 * Theme::px(104));
+    QTRY_VERIFY(!bar->isVisible());
+    bench.window.resize(400, 300);
+    QTRY_VERIFY(bar->isVisible());
+    QCOMPARE(bench.page->size(), QSize(520, 370));
+}
+
+void TestMainWindow::cleanup()
+{
+    Theme::fit({1024, 768});
 }
 
 LASERWELD_TEST_MAIN(TestMainWindow)

@@ -1,3 +1,4 @@
+#include "BriefLabel.h"
 #include "MessageModel.h"
 #include "MessagePage.h"
 #include "MessageStrip.h"
@@ -7,6 +8,8 @@
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QLabel>
+#include <QLayout>
+#include <QStyle>
 #include <QTableView>
 
 using namespace pendant;
@@ -39,7 +42,12 @@ private Q_SLOTS:
     void theModelKeepsItsRules();
     void stripShowsTheLastMessage();
     void stripTakesPlainText();
+    void stripKeepsItsHeight();
+    void stripIsClicked();
+    void longTextIsLeftOut_data();
+    void longTextIsLeftOut();
     void pageHasItsClearButton();
+    void pageShowsLongMessagesWhole();
 };
 
 void TestMessages::severities_data()
@@ -134,6 +142,94 @@ void TestMessages::stripTakesPlainText()
     auto* button = strip.addButton(QStringLiteral("faults"), QStringLiteral("Faults"));
     QCOMPARE(button, child<QAbstractButton>(&strip, "button_faults"));
     QVERIFY(button->isCheckable());
+}
+
+void TestMessages::stripKeepsItsHeight()
+{
+    MessageStrip strip;
+    strip.addButton(QStringLiteral("faults"), QStringLiteral("Faults"));
+    strip.resize(300, strip.sizeHint().height());
+    strip.show();
+    const QSize hint = strip.sizeHint();
+    const QString text = QString(100, QLatin1Char('m')) + QStringLiteral(" and so on").repeated(50);
+    strip.showMessage(message(2, text));
+    QCoreApplication::processEvents();
+    QCOMPARE(strip.sizeHint().height(), hint.height());
+    QVERIFY(!strip.layout()->hasHeightForWidth());
+    const auto* label = child<BriefLabel>(&strip, "label_message");
+    QCOMPARE(label->text(), text);
+    QCOMPARE(label->toolTip(), text);
+    QVERIFY(label->height() >= 2 * label->fontMetrics().lineSpacing());
+}
+
+void TestMessages::stripIsClicked()
+{
+    MessageStrip strip;
+    auto* button = strip.addButton(QStringLiteral("faults"), QStringLiteral("Faults"));
+    strip.showMessage(message(0, QStringLiteral("text")));
+    strip.resize(500, strip.sizeHint().height());
+    strip.show();
+    const QSignalSpy spy(&strip, &MessageStrip::messageClicked);
+    QTest::mouseClick(child<QLabel>(&strip, "label_message"), Qt::LeftButton);
+    QTest::mouseClick(child<QFrame>(&strip, "messageBox"), Qt::LeftButton);
+    QCOMPARE(spy.size(), 2);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QTest::mouseClick(&strip, Qt::LeftButton, {}, QPoint(1, 1));
+    QTest::mouseClick(child<QFrame>(&strip, "messageBox"), Qt::RightButton);
+    QCOMPARE(spy.size(), 2);
+}
+
+void TestMessages::longTextIsLeftOut_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<bool>("isWhole");
+    QTest::newRow("empty") << QString() << 0 << true;
+    QTest::newRow("short") << QStringLiteral("Save failed") << 1 << true;
+    QTest::newRow("two lines") << QStringLiteral("Save failed, for the cell is silent") << 2
+                               << true;
+    QTest::newRow("long") << QStringLiteral("Save failed ").repeated(30).trimmed() << 2 << false;
+    QTest::newRow("one word") << QString(300, QLatin1Char('m')) << 2 << false;
+    QTest::newRow("line break") << QStringLiteral("a\nb") << 2 << true;
+    QTest::newRow("line breaks") << QStringLiteral("a\nb\nc") << 2 << true;
+}
+
+void TestMessages::longTextIsLeftOut()
+{
+    QFETCH(QString, text);
+    QFETCH(int, lines);
+    QFETCH(bool, isWhole);
+    BriefLabel label;
+    label.setText(text);
+    const int width = label.fontMetrics().horizontalAdvance(QStringLiteral("Save failed, for the"));
+    const QStringList shown = label.linesFor(width + 20);
+    QCOMPARE(shown.size(), lines);
+    for (const QString& each : shown)
+        QVERIFY(label.fontMetrics().horizontalAdvance(each) <= width + 20);
+    const QString joined = shown.join(QLatin1Char(' '));
+    QCOMPARE(joined == QString(text).replace(QLatin1Char('\n'), QLatin1Char(' ')), isWhole);
+    QCOMPARE(joined.endsWith(QChar(0x2026)), !isWhole);
+}
+
+// Also when it comes while the page is hidden, and when the page becomes narrower.
+void TestMessages::pageShowsLongMessagesWhole()
+{
+    MessageModel model;
+    MessagePage page(model);
+    const QString text = QStringLiteral("Save failed ").repeated(30);
+    model.add(message(2, text));
+    page.resize(800, 300);
+    page.show();
+    const auto* table = child<QTableView>(&page, "table_messages");
+    const int margins = 2 * (page.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+    for (const int width : {800, 450, 600}) {
+        page.resize(width, 300);
+        const int room = table->columnWidth(MessageModel::Text) - margins;
+        const int least =
+            table->fontMetrics().boundingRect(0, 0, room, 10000, Qt::TextWordWrap, text).height();
+        QTRY_VERIFY(table->rowHeight(0) >= least);
+        QVERIFY(table->rowHeight(0) < 2 * least);
+    }
 }
 
 void TestMessages::pageHasItsClearButton()
