@@ -88,9 +88,9 @@ QStringList missing(const Rows& from, const Rows& in)
 {
     QStringList rows;
     for (auto context = from.begin(); context != from.end(); ++context) {
-        for (const QString& source : context->keys()) {
-            if (!in.value(context.key()).contains(source))
-                rows << context.key() + QStringLiteral(": ") + source;
+        for (auto row = context->begin(); row != context->end(); ++row) {
+            if (!in.value(context.key()).contains(row.key()))
+                rows << context.key() + QStringLiteral(": ") + row.key();
         }
     }
     return rows;
