@@ -34,7 +34,7 @@ constexpr int RealDecimals = 3;
 QPixmap lamp(bool on)
 {
     const int size = Theme::px(LampSize);
-    const QColor colour(on ? Theme::Good : Theme::Line);
+    const QColor colour = Theme::colour(on ? Theme::Good : Theme::Line);
     QPixmap picture(size, size);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
@@ -62,8 +62,8 @@ QString placeText(const SignalState& state)
 QColor placeColour(const SignalState& state)
 {
     if (!state.trouble.isEmpty())
-        return Theme::Bad;
-    return state.isMapped() && state.mapping.isOn ? Theme::Ink : Theme::Off;
+        return Theme::colour(Theme::Bad);
+    return Theme::colour(state.isMapped() && state.mapping.isOn ? Theme::Ink : Theme::Off);
 }
 
 QString onOff(bool on)
@@ -190,7 +190,7 @@ void IoMonitor::showState(const Row& row, const SignalState& state)
     auto* name = row.table->item(row.index, Name);
     auto* place = row.table->item(row.index, Place);
     const bool isUsed = state.isMapped() && state.mapping.isOn;
-    name->setForeground(QColor(isUsed ? Theme::Ink : Theme::Off));
+    name->setForeground(Theme::colour(isUsed ? Theme::Ink : Theme::Off));
     place->setText(placeText(state));
     place->setForeground(placeColour(state));
     place->setToolTip(state.trouble);

@@ -48,7 +48,7 @@ void MessageStrip::clear()
     time->clear();
     text->clear();
     text->setToolTip(QString());
-    tint(QColor(Theme::Line), QColor(Theme::Ground));
+    tint(Theme::colour(Theme::Line), Theme::colour(Theme::Ground));
 }
 
 void MessageStrip::tint(const QColor& bar, const QColor& ground)

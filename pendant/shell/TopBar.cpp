@@ -67,13 +67,13 @@ LampButton* TopBar::addButton(const char* name, const QString& caption)
 void TopBar::showConnection(bool up)
 {
     connection->setValue(up ? tr("Connected") : tr("No connection"));
-    connection->setLamp(QColor(up ? Theme::Good : Theme::Bad));
+    connection->setLamp(Theme::colour(up ? Theme::Good : Theme::Bad));
 }
 
 void TopBar::showPower(bool on)
 {
     power->setValue(on ? tr("Powered") : tr("Power off"));
-    power->setLamp(QColor(on ? Theme::Warning : Theme::Off));
+    power->setLamp(Theme::colour(on ? Theme::Warning : Theme::Off));
 }
 
 void TopBar::showUser(int level)
