@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPushButton>
@@ -142,7 +143,7 @@ IoMonitor::Row IoMonitor::addRow(const WeldSignal& signal)
     table->insertRow(row.index);
     for (int column = 0; column < ColumnCount; ++column)
         table->setItem(row.index, column, new QTableWidgetItem);
-    table->item(row.index, Name)->setText(QString::fromLatin1(signal.caption));
+    table->item(row.index, Name)->setText(tr(signal.caption));
     table->item(row.index, Name)->setToolTip(QString::fromLatin1(signal.key));
     if (!signal.isOutput)
         addInput(row, signal);
@@ -226,6 +227,13 @@ void IoMonitor::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     refresh();
+}
+
+void IoMonitor::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && isVisible())
+        refresh();
 }
 
 void IoMonitor::resizeEvent(QResizeEvent* event)

@@ -32,6 +32,8 @@ constexpr double LeastHeight = 540;
 /// What the sizes of the shell are multiplied with, on top of the scale of the screen: at most 1.
 double shrink = 1;
 
+double pluginZoom = 1;
+
 /// A colour by the name that the sheet has for it.
 struct Paint
 {
@@ -143,6 +145,16 @@ void Theme::fit(const QSize& window)
 {
     const double room = qMin(window.width() / LeastWidth, window.height() / LeastHeight);
     shrink = qMin(1.0, room / screenScale());
+}
+
+void Theme::setZoom(double zoom)
+{
+    pluginZoom = zoom;
+}
+
+double Theme::zoom()
+{
+    return pluginZoom;
 }
 
 int Theme::px(int size)

@@ -58,6 +58,9 @@ double screenScale();
 /// To be called before anything is built in a window of the size in pixels: the shell is drawn
 /// smaller where it would fill the window at the size for the screen, and leave no page.
 void fit(const QSize& window);
+/// Font zoom that the plugins are told.
+void setZoom(double zoom);
+double zoom();
 /// Pixels of the shell for a size given for 96 dots per inch.
 int px(int size);
 /// Size of a font of the shell, in points.
