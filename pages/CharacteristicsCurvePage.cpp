@@ -194,6 +194,14 @@ void prepareNumberItem(QTableWidgetItem* item)
     item->setFlags(Qt::ItemIsEnabled);
 }
 
+/// A table that lacks the column does not take the editor.
+void place(QTableWidget* table, int row, Column column, QWidget* editor)
+{
+    table->setCellWidget(row, column, editor);
+    if (table->cellWidget(row, column) != editor)
+        delete editor;
+}
+
 void widen(QWidget* editor)
 {
     editor->setMinimumWidth(0);
@@ -369,8 +377,8 @@ void CharacteristicsCurvePage::addNodeRow(QTableWidget* table, int number, doubl
     auto* item = new QTableWidgetItem(QString::number(number));
     prepareNumberItem(item);
     table->setItem(row, Node, item);
-    table->setCellWidget(row, Output, newOutputEditor(x));
-    table->setCellWidget(row, Process, newProcessEditor(table, y));
+    place(table, row, Output, newOutputEditor(x));
+    place(table, row, Process, newProcessEditor(table, y));
     table->setRowHeight(row, UiScale::rowHeight(this));
 }
 

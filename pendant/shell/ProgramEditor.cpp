@@ -53,8 +53,11 @@ Layout* dressedBox(QWidget* parent)
 } // namespace
 
 // The editors come from plugins, which bring their own style: only what stands around is dressed.
-ProgramEditor::ProgramEditor(QWidget* parent)
+ProgramEditor::ProgramEditor(const OpenProgram& open, QWidget* parent)
     : QWidget(parent)
+    , document(open.document)
+    , title(open.title)
+    , clipboard(open.clipboard)
 {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(Theme::px(Gap));
@@ -67,22 +70,29 @@ ProgramEditor::ProgramEditor(QWidget* parent)
     halves->addWidget(buildLine());
     halves->setSizes({5300, 4700}); // the highest editor fits on 1024 by 768
     column->addWidget(halves, 1);
-    connect(&document, &ProgramDocument::changed, view, &ProgramView::select);
-    connect(&document.history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
-    connect(&document.history(), &QUndoStack::indexChanged, this, &ProgramEditor::enableButtons);
+    connect(document.get(), &ProgramDocument::changed, view, &ProgramView::select);
+    connect(&document->history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
+    connect(&document->history(), &QUndoStack::indexChanged, this, &ProgramEditor::enableButtons);
     connect(view, &ProgramView::selectionMoved, this, &ProgramEditor::followSelection);
     connect(groupBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &ProgramEditor::showGroup);
     connect(instructionList, &QListWidget::itemClicked, this, &ProgramEditor::chooseInstruction);
     connect(instructionList, &QListWidget::itemActivated, this, &ProgramEditor::chooseInstruction);
     connect(searchField, &QLineEdit::returnPressed, this, &ProgramEditor::findNext);
+    view->select(open.first, open.count);
+    showTitle();
     followSelection();
+}
+
+OpenProgram ProgramEditor::handOver() const
+{
+    return {document, title, clipboard, view->selectedFirst(), view->selectedCount()};
 }
 
 // The history empties itself at its end, when what would hear of it is gone already.
 ProgramEditor::~ProgramEditor()
 {
-    document.history().disconnect(this);
+    document->history().disconnect(this);
 }
 
 QAbstractButton* ProgramEditor::addButton(QWidget* parent, const char* name, const QString& caption,
@@ -124,7 +134,7 @@ QWidget* ProgramEditor::buildProgram()
     QWidget* box = column->parentWidget();
     auto* row = new QHBoxLayout;
     row->setSpacing(Theme::px(Gap));
-    view = new ProgramView(document, catalogue, box);
+    view = new ProgramView(*document, catalogue, box);
     view->setMinimumHeight(Theme::px(80));
     row->addWidget(view, 1);
     row->addWidget(buildInstructions());
@@ -253,7 +263,7 @@ bool ProgramEditor::eventFilter(QObject* watched, QEvent* event)
 void ProgramEditor::load(const QString& name, const QByteArray& text)
 {
     title = name;
-    document.load(text);
+    document->load(text);
     showTitle();
     followSelection();
     view->setFocus();
@@ -307,11 +317,11 @@ void ProgramEditor::followSelection()
         return;
     instructionList->setCurrentItem(nullptr);
     if (view->selectedCount() != 1) {
-        closeEditor(document.rowCount() == 0 ? tr("The program is empty. Choose an instruction.")
+        closeEditor(document->rowCount() == 0 ? tr("The program is empty. Choose an instruction.")
                                              : tr("Select a line, or choose an instruction."));
         return;
     }
-    const QString line = document.line(view->selectedFirst());
+    const QString line = document->line(view->selectedFirst());
     const int instruction = catalogue.find(line);
     if (instruction < 0)
         closeEditor(tr("This line is no instruction of a plugin. It is kept as it stands."));
@@ -376,7 +386,7 @@ void ProgramEditor::describe(int instruction)
 
 void ProgramEditor::showTitle()
 {
-    const bool isModified = document.isModified();
+    const bool isModified = document->isModified();
     const QString star = isModified ? QStringLiteral(" *") : QString();
     mark(nameLabel, "modified", isModified);
     mark(findChild<QPushButton*>(QStringLiteral("button_save")), "primary", isModified);
@@ -397,12 +407,12 @@ void ProgramEditor::enableButtons()
         {"comment", any},
         {"delete", any},
         {"moveUp", any && view->selectedFirst() > 0},
-        {"moveDown", any && view->selectedFirst() + count < document.rowCount()},
+        {"moveDown", any && view->selectedFirst() + count < document->rowCount()},
         {"cut", any},
         {"copy", any},
         {"paste", !clipboard.isEmpty()},
-        {"undo", document.history().canUndo()},
-        {"redo", document.history().canRedo()},
+        {"undo", document->history().canUndo()},
+        {"redo", document->history().canRedo()},
     };
     for (const auto& [name, on] : states)
         findChild<QAbstractButton*>(QStringLiteral("button_") + QString::fromLatin1(name))
@@ -449,7 +459,7 @@ void ProgramEditor::insertAt(int row)
     if (!lines)
         return;
     const QScopedValueRollback<bool> stay(inserting, isNew);
-    document.insert(row, *lines);
+    document->insert(row, *lines);
 }
 
 void ProgramEditor::insertBefore()
@@ -461,7 +471,7 @@ void ProgramEditor::insertBefore()
 void ProgramEditor::insertAfter()
 {
     const int first = view->selectedFirst();
-    insertAt(first < 0 ? document.rowCount() : first + view->selectedCount());
+    insertAt(first < 0 ? document->rowCount() : first + view->selectedCount());
 }
 
 void ProgramEditor::replace()
@@ -472,26 +482,26 @@ void ProgramEditor::replace()
     const auto lines = offeredLines(Use::Replace);
     if (!lines)
         return;
-    document.replaceCode(row, *lines);
+    document->replaceCode(row, *lines);
     followSelection();
 }
 
 void ProgramEditor::remove()
 {
     const int first = view->selectedFirst();
-    document.remove(first, view->selectedCount());
-    view->select(qMin(first, document.rowCount() - 1));
+    document->remove(first, view->selectedCount());
+    view->select(qMin(first, document->rowCount() - 1));
     followSelection();
 }
 
 void ProgramEditor::moveUp()
 {
-    document.moveUp(view->selectedFirst(), view->selectedCount());
+    document->moveUp(view->selectedFirst(), view->selectedCount());
 }
 
 void ProgramEditor::moveDown()
 {
-    document.moveDown(view->selectedFirst(), view->selectedCount());
+    document->moveDown(view->selectedFirst(), view->selectedCount());
 }
 
 void ProgramEditor::cut()
@@ -502,38 +512,38 @@ void ProgramEditor::cut()
 
 void ProgramEditor::copy()
 {
-    clipboard = document.copy(view->selectedFirst(), view->selectedCount());
+    clipboard = document->copy(view->selectedFirst(), view->selectedCount());
     enableButtons();
 }
 
 void ProgramEditor::paste()
 {
     const int first = view->selectedFirst();
-    document.paste(first < 0 ? document.rowCount() : first + view->selectedCount(), clipboard);
+    document->paste(first < 0 ? document->rowCount() : first + view->selectedCount(), clipboard);
 }
 
 void ProgramEditor::toggleComment()
 {
-    document.toggleComment(view->selectedFirst(), view->selectedCount());
+    document->toggleComment(view->selectedFirst(), view->selectedCount());
     followSelection();
 }
 
 void ProgramEditor::undo()
 {
-    document.history().undo();
+    document->history().undo();
     followSelection();
 }
 
 void ProgramEditor::redo()
 {
-    document.history().redo();
+    document->history().redo();
     followSelection();
 }
 
 void ProgramEditor::findNext()
 {
     const QString text = searchField->text();
-    const int row = document.find(text, view->selectedFirst() + 1);
+    const int row = document->find(text, view->selectedFirst() + 1);
     if (row >= 0)
         view->select(row);
     else

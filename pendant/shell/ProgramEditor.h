@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class QAbstractButton;
@@ -19,6 +20,16 @@ namespace pendant {
 
 class ProgramView;
 
+/// What the operator has open and in hand. It outlives the editor when the window is built anew.
+struct OpenProgram
+{
+    std::shared_ptr<ProgramDocument> document = std::make_shared<ProgramDocument>();
+    QString title;
+    QByteArray clipboard;
+    int first = -1; ///< selected row; -1: none
+    int count = 0;  ///< of the selected rows
+};
+
 /// One robot program under the operator's hands: its lines, the instructions of the plugins, and
 /// the editor of the instruction that was chosen or of the line that is selected.
 class ProgramEditor : public QWidget
@@ -26,12 +37,14 @@ class ProgramEditor : public QWidget
     Q_OBJECT
 
 public:
-    explicit ProgramEditor(QWidget* parent = nullptr);
+    explicit ProgramEditor(const OpenProgram& open = {}, QWidget* parent = nullptr);
     ~ProgramEditor() override;
 
-    ProgramDocument& program() { return document; }
+    ProgramDocument& program() { return *document; }
     void load(const QString& name, const QByteArray& text);
     QString name() const { return title; }
+    /// For the editor that comes after this one, with all that is not saved.
+    OpenProgram handOver() const;
 
     /// Takes over what the plugins have registered since the last time, and the comment, which
     /// stands behind it.
@@ -91,7 +104,7 @@ private:
     void redo();
     void findNext();
 
-    ProgramDocument document;
+    const std::shared_ptr<ProgramDocument> document;
     InstructionCatalogue catalogue;
     QString title;
     QByteArray clipboard;

@@ -55,14 +55,14 @@ struct StyledPage : PageOnHost
 /// A page that is smaller than a schedule, about what a window of 800 by 600 leaves.
 constexpr QSize SmallPage(440, 400);
 
-const QColor Arrow("#374860");
+constexpr QRgb Arrow = 0xff374860;
 
-int pixelsOf(const QImage& image, const QColor& colour)
+int pixelsOf(const QImage& image, QRgb colour)
 {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x)
-            count += image.pixelColor(x, y) == colour ? 1 : 0;
+            count += image.pixel(x, y) == colour ? 1 : 0;
     }
     return count;
 }
