@@ -76,6 +76,18 @@ const Line Lines[] = {
      "LsMoveCF(ring1, ring2, 360, \"ConstPose\", v20, fine, laser_torch, wobj0);",
      {{"sbxRunDeg", "390"}, {"cbxRotType", "FixedAxis"}},
      "LsMoveCF(ring1, ring2, 390, \"FixedAxis\", v20, fine, laser_torch, wobj0);"},
+    {"LsMoveC",
+     {{"wgtAuxPoint/cbxPoint", "p2"}, {"wgtTargetPoint/cbxPoint", "p3"}},
+     "LsMoveC(p2, p3, NULL, fine, laser_torch, wobj0);",
+     {{"wgtTargetPoint/cbxPoint", "p4"}},
+     "LsMoveC(p2, p4, NULL, fine, laser_torch, wobj0);"},
+    {"LsParaSet", {}, "LsParaSet(\"LsData1\");", {}, "LsParaSet(\"LsData1\");"},
+    {"LsParaMatchOff", {}, "LsParaMatchOff();", {}, "LsParaMatchOff();"},
+    {"LsWireBwd",
+     {{"input_1", "20"}, {"input_2", "500"}},
+     "LsWireBwd(20, 500);",
+     {{"input_1", "25"}},
+     "LsWireBwd(25, 500);"},
     {"LaserOff", {}, "LaserOff();", {}, "LaserOff();"},
 };
 
