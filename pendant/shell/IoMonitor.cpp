@@ -232,7 +232,7 @@ void IoMonitor::showEvent(QShowEvent* event)
 void IoMonitor::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && isVisible())
+    if (Theme::isChange(*event) && isVisible())
         refresh();
 }
 

@@ -55,6 +55,7 @@ MainWindow::MainWindow(Controller& controller, QWidget* parent)
     , machine(controller)
 {
     setObjectName(QStringLiteral("pendant"));
+    Theme::ground(this);
     // No button is marked before the operator has chosen one.
     setFocusPolicy(Qt::ClickFocus);
     setFocus();
@@ -212,6 +213,12 @@ QWidget* MainWindow::buildLog()
     view->setReadOnly(true);
     view->setPlaceholderText(tr("The controller has said nothing yet."));
     view->setMaximumBlockCount(LogLines);
+    Theme::mark(view, "empty", true);
+    connect(view, &QPlainTextEdit::textChanged, view, [view] {
+        const bool isEmpty = view->document()->isEmpty();
+        if (view->property("empty").toBool() != isEmpty)
+            Theme::mark(view, "empty", isEmpty);
+    });
     connect(&machine, &Controller::logged, view, [view](const QString& text) {
         view->appendPlainText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + text);
     });
@@ -305,6 +312,14 @@ void MainWindow::clearMessages()
 {
     history.clear();
     strip->clear();
+}
+
+// For the editors of instructions only. A page whose plugin has no use for the host's default sheet
+// stays free of it: the sheet's heights of 36 pixels make the page scroll and its icons grow, and
+// what the page wants to look like it says itself. The indicators are bare pictures.
+void MainWindow::setPluginSheet(const QString& sheet)
+{
+    programPage->setPluginSheet(sheet);
 }
 
 void MainWindow::setReports(const QVector<PluginReport>& newReports)

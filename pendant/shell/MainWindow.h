@@ -46,6 +46,8 @@ public:
 
     /// What the operator reads for the plugin's registered name.
     void setPageTitle(const QString& plugin, const QString& title);
+    /// The theme sheet of the plugins.
+    void setPluginSheet(const QString& sheet);
     void setReports(const QVector<PluginReport>& newReports);
     void showUser(int level);
     /// Leaves the page and comes back to it, so that it reads its record and the user anew.

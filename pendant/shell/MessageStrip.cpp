@@ -55,7 +55,7 @@ void MessageStrip::clear()
 void MessageStrip::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (Theme::isChange(*event))
         tint();
 }
 

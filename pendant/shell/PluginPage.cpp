@@ -45,7 +45,7 @@ void PluginPage::setReports(const QVector<PluginReport>& reports)
 void PluginPage::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (Theme::isChange(*event))
         setReports(QVector<PluginReport>(shown));
 }
 

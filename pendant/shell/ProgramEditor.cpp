@@ -3,6 +3,7 @@
 #include "CommentForm.h"
 #include "ProgramLine.h"
 #include "ProgramView.h"
+#include "SkeletonForm.h"
 #include "Theme.h"
 
 #include <QComboBox>
@@ -17,7 +18,6 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSplitter>
-#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace pendant {
@@ -30,14 +30,6 @@ constexpr int HandleHeight = 10;
 constexpr int PanelWidth = 190;
 constexpr int EditorHeight = 80;
 constexpr int WideEnough = 770; // for the editors' 550 and the description
-
-/// Sets a property that the style sheet looks at.
-void mark(QWidget* widget, const char* property, bool on)
-{
-    widget->setProperty(property, on);
-    widget->style()->unpolish(widget);
-    widget->style()->polish(widget);
-}
 
 /// A plain box with a layout, dressed as the shell is.
 template<typename Layout>
@@ -68,7 +60,7 @@ ProgramEditor::ProgramEditor(const OpenProgram& open, QWidget* parent)
     halves->setChildrenCollapsible(false);
     halves->addWidget(buildProgram());
     halves->addWidget(buildLine());
-    halves->setSizes({5300, 4700}); // the highest editor fits on 1024 by 768
+    halves->setSizes({4700, 5300});
     column->addWidget(halves, 1);
     connect(document.get(), &ProgramDocument::changed, view, &ProgramView::select);
     connect(&document->history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
@@ -116,6 +108,10 @@ QWidget* ProgramEditor::buildHead()
     searchField = new QLineEdit(box);
     searchField->setObjectName(QStringLiteral("edit_find"));
     searchField->setPlaceholderText(tr("Text to find"));
+    Theme::mark(searchField, "empty", true);
+    connect(searchField, &QLineEdit::textChanged, searchField, [this](const QString& text) {
+        Theme::mark(searchField, "empty", text.isEmpty());
+    });
     row->addWidget(addButton(box, "programs", tr("Programs"), &ProgramEditor::leaveClicked));
     row->addSpacing(Theme::px(Gap));
     row->addWidget(nameLabel, 1);
@@ -338,7 +334,7 @@ void ProgramEditor::openEditor(int instruction, const QString* line)
     isNew = !line;
     describe(instruction);
     const QString& key = catalogue.at(instruction).key;
-    mark(editorTitle, "hint", false);
+    Theme::mark(editorTitle, "hint", false);
     editorTitle->setText(isNew ? tr("New: %1").arg(key)
                                : tr("Line %1: %2").arg(view->selectedFirst() + 1).arg(key));
     editor = isNew ? catalogue.makeInsertEditor(instruction, &error)
@@ -352,9 +348,30 @@ void ProgramEditor::openEditor(int instruction, const QString* line)
     } else {
         if (line)
             fillWith(*line);
-        editorPlace->setWidget(editor);
+        editorPlace->setWidget(qobject_cast<SkeletonForm*>(editor) ? editor : ofPlugin(editor));
     }
     enableButtons();
+}
+
+// A plugin's editor stands on a light ground, which its sheets count on, and in the plugin's theme
+// sheet: only a part of what it is made of has a style of its own.
+QWidget* ProgramEditor::ofPlugin(QWidget* content)
+{
+    auto* ground = new QWidget;
+    ground->setObjectName(QStringLiteral("pluginGround"));
+    ground->setPalette(Theme::pluginPalette());
+    ground->setStyleSheet(sheet);
+    auto* column = new QVBoxLayout(ground);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(content);
+    return ground;
+}
+
+void ProgramEditor::setPluginSheet(const QString& text)
+{
+    sheet = text;
+    if (auto* ground = findChild<QWidget*>(QStringLiteral("pluginGround")))
+        ground->setStyleSheet(sheet);
 }
 
 // An editor gets the whole line first. It may take nothing behind the call: then it gets that
@@ -374,7 +391,7 @@ void ProgramEditor::closeEditor(const QString& hint)
     edited = -1;
     isNew = false;
     editorTitle->setText(hint);
-    mark(editorTitle, "hint", true);
+    Theme::mark(editorTitle, "hint", true);
     description->clear();
     enableButtons();
 }
@@ -388,8 +405,8 @@ void ProgramEditor::showTitle()
 {
     const bool isModified = document->isModified();
     const QString star = isModified ? QStringLiteral(" *") : QString();
-    mark(nameLabel, "modified", isModified);
-    mark(findChild<QPushButton*>(QStringLiteral("button_save")), "primary", isModified);
+    Theme::mark(nameLabel, "modified", isModified);
+    Theme::mark(findChild<QPushButton*>(QStringLiteral("button_save")), "primary", isModified);
     const QFontMetrics metrics = nameLabel->fontMetrics();
     const int room = nameLabel->width() - metrics.horizontalAdvance(star);
     nameLabel->setText(metrics.elidedText(title, Qt::ElideMiddle, room) + star);

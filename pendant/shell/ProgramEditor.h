@@ -51,6 +51,8 @@ public:
     void takeInstructions();
     /// Lets everything go that came from plugins.
     void dropInstructions();
+    /// The theme sheet in which the editors of plugins stand.
+    void setPluginSheet(const QString& text);
 
 Q_SIGNALS:
     void saveClicked();
@@ -81,6 +83,7 @@ private:
     void followSelection();
     void openEditor(int instruction, const QString* line);
     void fillWith(const QString& line);
+    QWidget* ofPlugin(QWidget* content);
     void closeEditor(const QString& hint);
     void describe(int instruction);
     void showTitle();
@@ -108,6 +111,7 @@ private:
     InstructionCatalogue catalogue;
     QString title;
     QByteArray clipboard;
+    QString sheet; ///< of the plugins, for their editors
     int edited = -1;        ///< the instruction that the editor is for
     bool isNew = false;     ///< the editor is for a new instruction, not for the selected line
     bool inserting = false; ///< the editor stays as it is while its line goes in

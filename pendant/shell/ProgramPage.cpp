@@ -97,6 +97,11 @@ void ProgramPage::dropPlugins()
     editor->dropInstructions();
 }
 
+void ProgramPage::setPluginSheet(const QString& sheet)
+{
+    editor->setPluginSheet(sheet);
+}
+
 void ProgramPage::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);

@@ -43,6 +43,7 @@ public:
 
     /// Lets everything go that came from plugins.
     void dropPlugins();
+    void setPluginSheet(const QString& sheet);
 
 Q_SIGNALS:
     void complained(const QString& text);

@@ -5,6 +5,7 @@
 #include "Options.h"
 #include "ShellBackend.h"
 #include "Theme.h"
+#include "ThemeSheet.h"
 
 #include <QApplication>
 #include <QDir>
@@ -79,7 +80,7 @@ void Session::setLanguage(Language language)
     mainWindow->renew([this] {
         loader.makeAnew();
         backend->tellConnection();
-        labelPages();
+        dressPlugins();
     });
 }
 
@@ -106,9 +107,10 @@ void Session::join()
             setLanguage(language() == Language::English ? Language::Chinese : Language::English);
         },
         Qt::QueuedConnection);
-    connect(window, &MainWindow::themeClicked, this, [] {
+    connect(window, &MainWindow::themeClicked, this, [this] {
         Theme::setShade(Theme::shade() == Theme::Shade::Light ? Theme::Shade::Dark
                                                               : Theme::Shade::Light);
+        dressPlugins();
     });
 }
 
@@ -143,16 +145,21 @@ void Session::awaitTracking(const Options& options)
     });
 }
 
-void Session::labelPages()
+void Session::dressPlugins()
 {
+    QString sheet;
     const QStringList names = loader.pluginNames();
     for (const QString& name : names)
+    {
         mainWindow->setPageTitle(name, backend->labelOf(name));
+        sheet += ThemeSheet::ofPlugin(name);
+    }
+    mainWindow->setPluginSheet(sheet);
 }
 
 void Session::showPlugins()
 {
-    labelPages();
+    dressPlugins();
     mainWindow->setReports(loader.reports());
 }
 

@@ -43,7 +43,7 @@ private:
     void join();
     void start(const Options& options);
     void awaitTracking(const Options& options);
-    void labelPages();
+    void dressPlugins();
     void showPlugins();
     void dropPlugins();
 

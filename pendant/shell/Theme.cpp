@@ -1,11 +1,13 @@
 #include "Theme.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFile>
 #include <QFont>
 #include <QPalette>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -56,7 +58,9 @@ constexpr Paint Paints[Theme::ColourCount] = {
     {"badTint", 0xfffbe6e3, 0xff472522},
 };
 
+// What the shell has put on a widget, and puts on it again when the shade changes.
 constexpr const char* Dressed = "dressedByTheShell";
+constexpr const char* Grounded = "groundedByTheShell";
 
 Theme::Shade current = Theme::Shade::Light;
 
@@ -131,7 +135,7 @@ void Theme::apply(QApplication& application)
 {
     QFont::insertSubstitution(QString::fromLatin1(PendantFont), QString::fromLatin1(FreeFont));
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    application.setPalette(palette(current));
+    application.setPalette(palette(Shade::Light));
     application.setFont(QFont(QString::fromLatin1(PendantFont), FontPoints));
 }
 
@@ -155,6 +159,13 @@ void Theme::setZoom(double zoom)
 double Theme::zoom()
 {
     return pluginZoom;
+}
+
+void Theme::mark(QWidget* widget, const char* property, bool on)
+{
+    widget->setProperty(property, on);
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
 }
 
 int Theme::px(int size)
@@ -190,16 +201,29 @@ Theme::Shade Theme::shade()
     return current;
 }
 
-// The sheets first: who hears of the palette finds everything else in place.
+void Theme::ground(QWidget* window)
+{
+    window->setProperty(Grounded, true);
+    window->setPalette(palette(current));
+}
+
+// The palette of the application stays light: a widget with a style sheet takes it from there and
+// not from its parent, and those of the plugins count on it.
 void Theme::setShade(Shade shade)
 {
     current = shade;
     const QWidgetList all = QApplication::allWidgets();
     for (QWidget* each : all) {
+        if (each->property(Grounded).toBool())
+            ground(each);
         if (each->property(Dressed).toBool())
-            each->setStyleSheet(shellSheet());
+            dress(each);
     }
-    QApplication::setPalette(palette(shade));
+}
+
+bool Theme::isChange(const QEvent& event)
+{
+    return event.type() == QEvent::PaletteChange || event.type() == QEvent::StyleChange;
 }
 
 QPalette Theme::pluginPalette()

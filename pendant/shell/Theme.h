@@ -4,6 +4,7 @@
 #include <QString>
 
 class QApplication;
+class QEvent;
 class QFont;
 class QPalette;
 class QSize;
@@ -45,9 +46,11 @@ enum Colour {
 /// The colour in the shade that is in force.
 QColor colour(Colour which);
 Shade shade();
-/// Dresses the application and all that is dressed already. What keeps a colour of its own hears of
-/// it by QEvent::PaletteChange.
+/// Dresses all anew that is dressed already. What keeps a colour of its own hears of it in
+/// changeEvent().
 void setShade(Shade shade);
+/// Whether the shade may have changed; for changeEvent().
+bool isChange(const QEvent& event);
 /// The palette of what plugins hand over, whatever the shade.
 QPalette pluginPalette();
 
@@ -55,6 +58,8 @@ QPalette pluginPalette();
 void apply(QApplication& application);
 /// Of the screen: 1 at 96 dots per inch.
 double screenScale();
+/// Sets a property that the style sheet looks at.
+void mark(QWidget* widget, const char* property, bool on);
 /// To be called before anything is built in a window of the size in pixels: the shell is drawn
 /// smaller where it would fill the window at the size for the screen, and leave no page.
 void fit(const QSize& window);
@@ -67,6 +72,8 @@ int px(int size);
 double points(double size);
 /// The font of the shell's texts.
 QFont font();
+/// Gives the window the palette of the shade, and the next ones as the shade changes.
+void ground(QWidget* window);
 /// Gives the widget the shell's style sheet, and the next ones as the shade changes.
 void dress(QWidget* widget);
 

@@ -91,7 +91,7 @@ void TopBar::paintLamps()
 void TopBar::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (Theme::isChange(*event))
         paintLamps();
 }
 

@@ -50,6 +50,7 @@ public:
 
     // Of the open pendant.
     MainWindow& window() const;
+    Session& pendant() const { return *session; }
     Controller& controller() const;
     Hand& hand() { return *atWork; }
     QString cellFile() const { return options.cellFile; }
