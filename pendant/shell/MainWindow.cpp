@@ -16,6 +16,7 @@
 
 #include <QAbstractButton>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPlainTextEdit>
 #include <QScrollArea>
@@ -130,6 +131,7 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
     const QString panel = drawer->current() ? drawer->current()->objectName() : QString();
     const QString said = log->toPlainText();
     const int tab = tabs->currentIndex();
+    const QSize before = size();
     setFocus();
     delete layout();
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
@@ -148,6 +150,9 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
         topBar->setProgram(true);
     if (auto* open = findChild<QWidget*>(panel); open && !panel.isEmpty())
         drawer->open(open);
+    // Half built it asks for more room than it needs in the end, and has grown.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    resize(before);
 }
 
 QWidget* MainWindow::buildBody()

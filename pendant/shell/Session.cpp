@@ -149,8 +149,7 @@ void Session::dressPlugins()
 {
     QString sheet;
     const QStringList names = loader.pluginNames();
-    for (const QString& name : names)
-    {
+    for (const QString& name : names) {
         mainWindow->setPageTitle(name, backend->labelOf(name));
         sheet += ThemeSheet::ofPlugin(name);
     }

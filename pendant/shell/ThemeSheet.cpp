@@ -32,7 +32,8 @@ ThemeSheet::ThemeSheet(const QByteArray& json, const Lookup& lookup)
         json.startsWith(ByteOrderMark) ? json.mid(static_cast<int>(qstrlen(ByteOrderMark))) : json,
         &error);
     if (error.error != QJsonParseError::NoError)
-        wrong << QStringLiteral("no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset);
+        wrong
+            << QStringLiteral("no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset);
     else if (!document.isArray())
         wrong << QStringLiteral("no array of rules");
     const QJsonArray rules = document.array();
