@@ -16,7 +16,6 @@
 
 #include <QAbstractButton>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QEvent>
 #include <QPlainTextEdit>
 #include <QScrollArea>
@@ -24,6 +23,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTime>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -33,6 +33,7 @@ namespace pendant {
 namespace {
 
 constexpr int LogLines = 2000;
+constexpr int SettleTime = 200; // milliseconds, of what the plugins lay out in the window
 // Height for 96 dots per inch: all faults are in view.
 constexpr int LeastDrawer = 376;
 // Width for 96 dots per inch: below it the keys are narrow.
@@ -131,11 +132,15 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
     const QString panel = drawer->current() ? drawer->current()->objectName() : QString();
     const QString said = log->toPlainText();
     const int tab = tabs->currentIndex();
-    const QSize before = size();
     setFocus();
     delete layout();
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
     build(work);
+    // An indicator of a plugin is smaller once it is laid out: the window would grow meanwhile.
+    QLayout* whole = layout();
+    whole->setSizeConstraint(QLayout::SetNoConstraint);
+    QTimer::singleShot(SettleTime, whole,
+                       [whole] { whole->setSizeConstraint(QLayout::SetDefaultConstraint); });
     log->setPlainText(said);
     showUser(userLevel);
     pluginPage->setReports(reports);
@@ -150,9 +155,6 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
         topBar->setProgram(true);
     if (auto* open = findChild<QWidget*>(panel); open && !panel.isEmpty())
         drawer->open(open);
-    // Half built it asks for more room than it needs in the end, and has grown.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    resize(before);
 }
 
 QWidget* MainWindow::buildBody()
