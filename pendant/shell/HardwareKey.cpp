@@ -146,7 +146,8 @@ void HardwareKey::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);
-    painter.setPen(QPen(Theme::colour(held || hasFocus() ? Theme::Accent : Theme::Off), held ? 2 : 1));
+    painter.setPen(
+        QPen(Theme::colour(held || hasFocus() ? Theme::Accent : Theme::Off), held ? 2 : 1));
     painter.setBrush(Theme::colour(held ? Theme::Pressed : Theme::Card));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Theme::px(Radius),
                             Theme::px(Radius));

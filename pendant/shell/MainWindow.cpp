@@ -23,6 +23,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTime>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,6 +33,7 @@ namespace pendant {
 namespace {
 
 constexpr int LogLines = 2000;
+constexpr int SettleTime = 200; // milliseconds, of what the plugins lay out in the window
 // Height for 96 dots per inch: all faults are in view.
 constexpr int LeastDrawer = 376;
 // Width for 96 dots per inch: below it the keys are narrow.
@@ -134,6 +136,11 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
     delete layout();
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
     build(work);
+    // An indicator of a plugin is smaller once it is laid out: the window would grow meanwhile.
+    QLayout* whole = layout();
+    whole->setSizeConstraint(QLayout::SetNoConstraint);
+    QTimer::singleShot(SettleTime, whole,
+                       [whole] { whole->setSizeConstraint(QLayout::SetDefaultConstraint); });
     log->setPlainText(said);
     showUser(userLevel);
     pluginPage->setReports(reports);

@@ -100,8 +100,7 @@ QString readLanguage(Options& options, const QString& text)
 
 QString readTheme(Options& options, const QString& text)
 {
-    return readWord(text, "light", "dark", &options.shade, Theme::Shade::Light,
-                    Theme::Shade::Dark);
+    return readWord(text, "light", "dark", &options.shade, Theme::Shade::Light, Theme::Shade::Dark);
 }
 
 const std::vector<Row>& rows()

@@ -14,8 +14,7 @@ constexpr const char* Patterns[] = {
     QT_TRANSLATE_NOOP("Phrases", "missing symbol: %1"),
     QT_TRANSLATE_NOOP("Phrases", "needs a library that is not there: %1"),
     QT_TRANSLATE_NOOP("Phrases", "no plugin: has no function qelplugin::api()"),
-    QT_TRANSLATE_NOOP("Phrases",
-                      "made for version %1 of the plugin interface, the pendant has %2"),
+    QT_TRANSLATE_NOOP("Phrases", "made for version %1 of the plugin interface, the pendant has %2"),
     QT_TRANSLATE_NOOP("Phrases", "the plugin folder does not exist"),
     QT_TRANSLATE_NOOP("Phrases", "the plugin folder holds no lib*.so"),
     QT_TRANSLATE_NOOP("Phrases", "no factory: the library registers no plugin"),
@@ -74,7 +73,8 @@ QString filled(const QString& text, const QRegularExpressionMatch& match)
 QString phrase(const QString& english)
 {
     for (const char* pattern : Patterns) {
-        const auto match = expressionOf(pattern).match(english); // clazy:exclude=use-static-qregularexpression
+        const auto match =
+            expressionOf(pattern).match(english); // clazy:exclude=use-static-qregularexpression
         if (!match.hasMatch())
             continue;
         return filled(QCoreApplication::translate("Phrases", pattern), match);

@@ -205,8 +205,8 @@ void PluginLoader::setBeforeMaking(const std::function<void(const QString& name)
     beforeMaking = listener;
 }
 
-// The factories are dropped from the registry as soon as they have been used, so that whatever stands in the
-// registry after the next load is that library's own.
+// The factories are dropped from the registry as soon as they have been used, so that whatever
+// stands in the registry after the next load is that library's own.
 void PluginLoader::adopt(const QString& file, std::unique_ptr<Library> library,
                          const QStringList& names)
 {

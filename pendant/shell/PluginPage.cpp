@@ -38,7 +38,8 @@ void PluginPage::setReports(const QVector<PluginReport>& reports)
                                             report.name, report.file, phrase(report.reason)};
         for (int column = 0; column < ColumnCount; ++column)
             table->setItem(row, column, new QTableWidgetItem(cells[column]));
-        table->item(row, State)->setForeground(Theme::colour(report.loaded ? Theme::Good : Theme::Bad));
+        table->item(row, State)
+            ->setForeground(Theme::colour(report.loaded ? Theme::Good : Theme::Bad));
     }
 }
 

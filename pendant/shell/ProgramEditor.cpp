@@ -60,7 +60,7 @@ ProgramEditor::ProgramEditor(const OpenProgram& open, QWidget* parent)
     halves->setChildrenCollapsible(false);
     halves->addWidget(buildProgram());
     halves->addWidget(buildLine());
-    halves->setSizes({4700, 5300});
+    halves->setSizes({5000, 5000});
     column->addWidget(halves, 1);
     connect(document.get(), &ProgramDocument::changed, view, &ProgramView::select);
     connect(&document->history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
@@ -109,9 +109,8 @@ QWidget* ProgramEditor::buildHead()
     searchField->setObjectName(QStringLiteral("edit_find"));
     searchField->setPlaceholderText(tr("Text to find"));
     Theme::mark(searchField, "empty", true);
-    connect(searchField, &QLineEdit::textChanged, searchField, [this](const QString& text) {
-        Theme::mark(searchField, "empty", text.isEmpty());
-    });
+    connect(searchField, &QLineEdit::textChanged, searchField,
+            [this](const QString& text) { Theme::mark(searchField, "empty", text.isEmpty()); });
     row->addWidget(addButton(box, "programs", tr("Programs"), &ProgramEditor::leaveClicked));
     row->addSpacing(Theme::px(Gap));
     row->addWidget(nameLabel, 1);
@@ -314,7 +313,7 @@ void ProgramEditor::followSelection()
     instructionList->setCurrentItem(nullptr);
     if (view->selectedCount() != 1) {
         closeEditor(document->rowCount() == 0 ? tr("The program is empty. Choose an instruction.")
-                                             : tr("Select a line, or choose an instruction."));
+                                              : tr("Select a line, or choose an instruction."));
         return;
     }
     const QString line = document->line(view->selectedFirst());

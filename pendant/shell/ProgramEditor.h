@@ -111,7 +111,7 @@ private:
     InstructionCatalogue catalogue;
     QString title;
     QByteArray clipboard;
-    QString sheet; ///< of the plugins, for their editors
+    QString sheet;          ///< of the plugins, for their editors
     int edited = -1;        ///< the instruction that the editor is for
     bool isNew = false;     ///< the editor is for a new instruction, not for the selected line
     bool inserting = false; ///< the editor stays as it is while its line goes in

@@ -133,8 +133,8 @@ void ProgramList::chooseImport()
 
 void ProgramList::chooseExport()
 {
-    const QString file =
-        QFileDialog::getSaveFileName(this, tr("Export the program"), current() + QStringLiteral(".txt"));
+    const QString file = QFileDialog::getSaveFileName(this, tr("Export the program"),
+                                                      current() + QStringLiteral(".txt"));
     if (!file.isEmpty())
         exportFile(file);
 }

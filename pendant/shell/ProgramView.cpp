@@ -84,7 +84,8 @@ QVector<Stretch> LineDelegate::stretches(const QString& line) const
     const auto isWord = [](QChar sign) { return sign.isLetterOrNumber() || sign.isSpace(); };
     const auto* const stop = std::find_if_not(code.constBegin(), code.constEnd(), isWord);
     const int length = static_cast<int>(stop - code.constBegin());
-    return {{code.left(length), Theme::colour(Theme::Accent), true}, {code.mid(length), ink}, remark};
+    return {
+        {code.left(length), Theme::colour(Theme::Accent), true}, {code.mid(length), ink}, remark};
 }
 
 void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

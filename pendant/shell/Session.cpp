@@ -3,9 +3,9 @@
 #include "Controller.h"
 #include "MainWindow.h"
 #include "Options.h"
+#include "PluginSheet.h"
 #include "ShellBackend.h"
 #include "Theme.h"
-#include "ThemeSheet.h"
 
 #include <QApplication>
 #include <QDir>
@@ -149,10 +149,9 @@ void Session::dressPlugins()
 {
     QString sheet;
     const QStringList names = loader.pluginNames();
-    for (const QString& name : names)
-    {
+    for (const QString& name : names) {
         mainWindow->setPageTitle(name, backend->labelOf(name));
-        sheet += ThemeSheet::ofPlugin(name);
+        sheet += PluginSheet::ofPlugin(name);
     }
     mainWindow->setPluginSheet(sheet);
 }

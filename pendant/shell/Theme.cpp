@@ -92,9 +92,9 @@ QString sheetValue(const QString& name)
 {
     if (name == QLatin1String("shade"))
         return current == Theme::Shade::Light ? QStringLiteral("light") : QStringLiteral("dark");
-    const auto* const found = std::find_if(std::begin(Paints), std::end(Paints), [&](const Paint& each) {
-        return name == QLatin1String(each.name);
-    });
+    const auto* const found =
+        std::find_if(std::begin(Paints), std::end(Paints),
+                     [&](const Paint& each) { return name == QLatin1String(each.name); });
     return found == std::end(Paints)
                ? QString()
                : QColor(current == Theme::Shade::Light ? found->light : found->dark).name();

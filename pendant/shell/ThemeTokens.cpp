@@ -63,9 +63,9 @@ const Font Fonts[] = {{"default", 10, "normal"}, {"h2", 14, "bold"}, {"h3", 11, 
 
 // Drawn for light grounds, which they stand on in both shades.
 const char* const Images[] = {
-    "chb_unchecked", "chb_checked",   "rdb_unchecked", "rdb_checked",  "cmb_dropdown",
-    "slider_top",    "slider_bottom", "slider_left",   "slider_right", "handle",
-    "handle_hover",  "handle_pressed", "branch_fold",  "branch_expand",
+    "chb_unchecked", "chb_checked",    "rdb_unchecked", "rdb_checked",   "cmb_dropdown",
+    "slider_top",    "slider_bottom",  "slider_left",   "slider_right",  "handle",
+    "handle_hover",  "handle_pressed", "branch_fold",   "branch_expand",
 };
 
 std::optional<QString> fontValue(const QString& name)

@@ -1,12 +1,12 @@
 #include "TopBar.h"
 
+#include "BriefLabel.h"
 #include "LampButton.h"
 #include "LoginPanel.h"
 #include "Theme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVariant>
 
@@ -24,7 +24,7 @@ TopBar::TopBar(QWidget* parent)
     , indicators(new QHBoxLayout(new QWidget(this)))
     , connection(addButton("button_connection", tr("Controller")))
     , power(addButton("button_power", tr("Robot")))
-    , title(new QLabel(this))
+    , title(new BriefLabel(this))
     , program(new QPushButton(tr("Program"), this))
     , user(nullptr)
 {
@@ -37,8 +37,9 @@ TopBar::TopBar(QWidget* parent)
     row->setSpacing(gap);
     title->setObjectName(QStringLiteral("label_application"));
     row->addSpacing(gap);
-    row->addWidget(title);
-    row->addStretch(1);
+    // It gives way to all others: in a narrow window it stands in two lines, and is cut.
+    title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    row->addWidget(title, 1);
     program->setObjectName(QStringLiteral("button_program"));
     program->setCheckable(true);
     row->addWidget(program);
@@ -49,7 +50,8 @@ TopBar::TopBar(QWidget* parent)
     row->addSpacing(gap);
     user = addButton("button_user", tr("User"));
     // Each language by its own name: who cannot read the one has to find the other.
-    QPushButton* language = addSwitch("button_language", QStringLiteral("EN / 中文"), tr("Language"));
+    QPushButton* language =
+        addSwitch("button_language", QStringLiteral("EN / 中文"), tr("Language"));
     QPushButton* theme = addSwitch("button_theme", QStringLiteral("◐"), tr("Light or dark"));
     connect(language, &QPushButton::clicked, this, &TopBar::languageClicked);
     connect(theme, &QPushButton::clicked, this, &TopBar::themeClicked);

@@ -3,11 +3,11 @@
 #include <QFrame>
 
 class QHBoxLayout;
-class QLabel;
 class QPushButton;
 
 namespace pendant {
 
+class BriefLabel;
 class LampButton;
 
 /// The status bar at the top: connection, robot power, the page's name, the plugins' indicators and
@@ -52,7 +52,7 @@ private:
     QHBoxLayout* indicators;
     LampButton* connection;
     LampButton* power;
-    QLabel* title;
+    BriefLabel* title;
     QPushButton* program;
     LampButton* user;
 };

@@ -74,9 +74,10 @@ TourChapter pendantChapter()
                            [&panel](TourStage& stage) { return pressAll(stage, panel); }});
     }
     chapter.push_back(step("language", "The other language, without a restart", turnLanguage));
-    chapter.push_back(step("language-back", "And back", turnLanguage));
-    chapter.push_back(step("theme", "The other theme", turnTheme));
-    chapter.push_back(step("theme-back", "And back", turnTheme));
+    chapter.push_back(step("theme", "Back again, and the other theme", [](TourStage& stage) {
+        return turnLanguage(stage) && turnTheme(stage);
+    }));
+    chapter.push_back(step("theme-back", "That goes back as well", turnTheme));
     return chapter;
 }
 

@@ -320,7 +320,8 @@ bool findAgain(TourStage& stage)
 bool expectRefused(TourStage& stage, const char* text)
 {
     return stage.expectMessage(TourStage::Warning,
-                               shown("pendant::ProgramEditor", text).arg(latin(Lines[0].key))) && expectLines(stage, finalLines());
+                               shown("pendant::ProgramEditor", text).arg(latin(Lines[0].key))) &&
+           expectLines(stage, finalLines());
 }
 
 bool refuseInsert(TourStage& stage)
@@ -339,8 +340,9 @@ bool refuseReplace(TourStage& stage)
 {
     return clickRow(stage, "programView", 0) && touchAll(stage, {{"cbxSpeed", "v5"}}) &&
            stage.clickName(latin("button_replace")) &&
-           expectRefused(stage, "Replacing by \"%1\" was refused. Check what is filled in and who is "
-                                "logged in.");
+           expectRefused(stage,
+                         "Replacing by \"%1\" was refused. Check what is filled in and who is "
+                         "logged in.");
 }
 
 bool askToDelete(TourStage& stage)

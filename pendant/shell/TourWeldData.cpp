@@ -205,7 +205,8 @@ bool openData(TourStage& stage)
 
 bool openNothing(TourStage& stage)
 {
-    return press(stage, "pushButton_Config", TourStage::Warning, shown(DataPage, NothingSelected)) &&
+    return press(stage, "pushButton_Config", TourStage::Warning,
+                 shown(DataPage, NothingSelected)) &&
            expectVisible(stage, "tableWidget", true);
 }
 
@@ -294,21 +295,23 @@ bool enterMatching(TourStage& stage)
 
 bool openMatching(TourStage& stage)
 {
-    return openTab(stage, "tabWidget", shown(DataPage, MatchingTab)) && selectRow(stage, "tableWidget_2", 1) &&
-           stage.clickName(latin("pushButton_Config")) &&
+    return openTab(stage, "tabWidget", shown(DataPage, MatchingTab)) &&
+           selectRow(stage, "tableWidget_2", 1) && stage.clickName(latin("pushButton_Config")) &&
            expectText(stage, "label_ProcessID", Matching) && enterMatching(stage);
 }
 
 bool refusePowers(TourStage& stage)
 {
     return enterCell(stage, 2, 1, MatchingRows[1][1]) &&
-           press(stage, "pushButton_save", TourStage::Warning, shown(DataPage, EqualPowers).arg(2).arg(3));
+           press(stage, "pushButton_save", TourStage::Warning,
+                 shown(DataPage, EqualPowers).arg(2).arg(3));
 }
 
 bool refuseSpeeds(TourStage& stage)
 {
     return enterCell(stage, 1, 0, MatchingRows[0][0]) &&
-           press(stage, "pushButton_save", TourStage::Warning, shown(DataPage, EqualSpeeds).arg(1).arg(2));
+           press(stage, "pushButton_save", TourStage::Warning,
+                 shown(DataPage, EqualSpeeds).arg(1).arg(2));
 }
 
 QJsonArray matchingTable()
@@ -322,7 +325,8 @@ QJsonArray matchingTable()
 bool saveMatching(TourStage& stage)
 {
     const QString record = latin("weld_param_match.") + latin(Matching);
-    return enterMatching(stage) && press(stage, "pushButton_save", TourStage::Information, shown(DataPage, Saved)) &&
+    return enterMatching(stage) &&
+           press(stage, "pushButton_save", TourStage::Information, shown(DataPage, Saved)) &&
            stage.expect(stage.record(record + latin(".power_data")) == matchingTable(),
                         latin("the controller does not hold the matching record"));
 }
@@ -339,7 +343,8 @@ bool readMatchingList(TourStage& stage)
 
 bool turnFrequency(TourStage& stage)
 {
-    return stage.clickTool("Weld I/O") && openTab(stage, "tabWidget_io", shown("WeldioPage", "I/O output")) &&
+    return stage.clickTool("Weld I/O") &&
+           openTab(stage, "tabWidget_io", shown("WeldioPage", "I/O output")) &&
            stage.clickName(latin("pushButton_frequency_enabled")) &&
            press(stage, "pushButton_Save", TourStage::Information, shown("WeldioPage", Saved)) &&
            stage.clickTool("Char. Curve");
@@ -370,7 +375,8 @@ bool tabsFollowMapping(TourStage& stage)
                      portOf(stage, "wire_speed")) &&
            expectTab(stage, "PWM Duty Cycle", "tableWidget_dutycycle",
                      portOf(stage, "duty_cycle")) &&
-           expectTab(stage, FrequencyTab, "tableWidget_frequency", shown(CurvePage, "Not configured"));
+           expectTab(stage, FrequencyTab, "tableWidget_frequency",
+                     shown(CurvePage, "Not configured"));
 }
 
 bool mappedAgain(TourStage& stage)
@@ -419,8 +425,8 @@ bool chooseNumber(TourStage& stage, int nodes)
 
 bool measure(TourStage& stage)
 {
-    return openTab(stage, "tabWidget", shown(CurvePage, PowerTab)) && chooseNumber(stage, MeasuredCount) &&
-           enterNodes(stage);
+    return openTab(stage, "tabWidget", shown(CurvePage, PowerTab)) &&
+           chooseNumber(stage, MeasuredCount) && enterNodes(stage);
 }
 
 QImage pictureOf(TourStage& stage, const char* name)
@@ -447,8 +453,7 @@ QString notRising(int row)
 bool refuseNodes(TourStage& stage)
 {
     return enterOutput(stage, 2, Measured[1].output) &&
-           press(stage, "pushButton_Save_laserpower", TourStage::Warning,
-                 notRising(3));
+           press(stage, "pushButton_Save_laserpower", TourStage::Warning, notRising(3));
 }
 
 bool saveCurve(TourStage& stage)
@@ -466,13 +471,13 @@ bool saveCurve(TourStage& stage)
 bool changeNumber(TourStage& stage)
 {
     return chooseNumber(stage, 7) &&
-           press(stage, "pushButton_compute", TourStage::Warning,
-                 notRising(2));
+           press(stage, "pushButton_compute", TourStage::Warning, notRising(2));
 }
 
 bool cancelCurve(TourStage& stage)
 {
-    return press(stage, "pushButton_cancel", TourStage::Information, shown(CurvePage, "Cancel successful")) &&
+    return press(stage, "pushButton_cancel", TourStage::Information,
+                 shown(CurvePage, "Cancel successful")) &&
            stage.expect(table(stage, PowerTable)->rowCount() == MeasuredCount &&
                             nodeField(stage, 2, 1)->property("value") == Measured[2].output,
                         latin("the table does not show what was saved"));

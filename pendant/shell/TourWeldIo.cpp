@@ -205,29 +205,31 @@ bool toldOfDoubleUse(TourStage& stage)
 
 bool toldOfGap(TourStage& stage)
 {
-    return choosePort(stage, "wire_feed", "DO11") && pressSave(stage, TourStage::Error, shown(Page, Gap));
+    return choosePort(stage, "wire_feed", "DO11") &&
+           pressSave(stage, TourStage::Error, shown(Page, Gap));
 }
 
 bool saveMapping(TourStage& stage)
 {
     return choosePort(stage, "process_job", "GO5") &&
-           pressSave(stage, TourStage::Information, shown(Page, Saved)) && expectHeld(stage, Outputs) &&
-           expectHeld(stage, Inputs);
+           pressSave(stage, TourStage::Information, shown(Page, Saved)) &&
+           expectHeld(stage, Outputs) && expectHeld(stage, Inputs);
 }
 
 bool expectPort(TourStage& stage, const char* key, const char* port)
 {
     const QComboBox* box = portBox(stage, latin(key));
-    return box && stage.expect(box->currentText() == latin(port),
-                                 QStringLiteral("\"%1\" shows the port \"%2\"")
-                                     .arg(latin(key), box->currentText()));
+    return box &&
+           stage.expect(
+               box->currentText() == latin(port),
+               QStringLiteral("\"%1\" shows the port \"%2\"").arg(latin(key), box->currentText()));
 }
 
 bool portGoes(TourStage& stage)
 {
-    return turnFault(stage, "port-gone") && stage.clickTool("Weld Setup") &&
-           showPage(stage) && openTab(stage, InputTab) &&
-           expectPort(stage, "wire_feeder_alarm", "") && pressSave(stage, TourStage::Error, shown(Page, Gap));
+    return turnFault(stage, "port-gone") && stage.clickTool("Weld Setup") && showPage(stage) &&
+           openTab(stage, InputTab) && expectPort(stage, "wire_feeder_alarm", "") &&
+           pressSave(stage, TourStage::Error, shown(Page, Gap));
 }
 
 bool portComesBack(TourStage& stage)
@@ -290,7 +292,8 @@ bool expectOutput(TourStage& stage, const char* key, double value, const QString
 
 bool watchLaser(TourStage& stage)
 {
-    return stage.clickName(latin("button_io")) && expectOutput(stage, "laser_enable", 1, onOff("On"));
+    return stage.clickName(latin("button_io")) &&
+           expectOutput(stage, "laser_enable", 1, onOff("On"));
 }
 
 bool watchGas(TourStage& stage)

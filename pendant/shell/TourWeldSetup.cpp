@@ -100,8 +100,8 @@ bool savePower(TourStage& stage)
 bool startAgain(TourStage& stage)
 {
     stage.close();
-    return stage.open() && stage.logIn(TourStage::OperatorLevel) &&
-           stage.clickTool("Weld Setup") && expectPower(stage, NewPower);
+    return stage.open() && stage.logIn(TourStage::OperatorLevel) && stage.clickTool("Weld Setup") &&
+           expectPower(stage, NewPower);
 }
 
 bool switchOn(TourStage& stage)
@@ -123,7 +123,8 @@ bool switchOff(TourStage& stage)
 bool refusedWhilePowered(TourStage& stage)
 {
     return stage.clickName(latin("button_power")) && stage.clickName(latin(MainSwitch)) &&
-           stage.expectMessage(TourStage::Error, shown(SettingPage, "Do not modify while powered on!")) &&
+           stage.expectMessage(TourStage::Error,
+                               shown(SettingPage, "Do not modify while powered on!")) &&
            expectPage(stage, true);
 }
 

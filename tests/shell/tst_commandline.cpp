@@ -53,6 +53,8 @@ void TestCommandLine::defaults()
     QVERIFY(options->windowSize.isEmpty());
     QVERIFY(!options->powered && !options->disconnected && !options->help);
     QCOMPARE(options->trackingDelay, 0);
+    QVERIFY(options->language == Language::English);
+    QVERIFY(options->shade == Theme::Shade::Light);
     QVERIFY(!anyFault(options->faults));
 }
 
@@ -74,6 +76,10 @@ void TestCommandLine::understood_data()
     row("--registers 0", [](const Options& o) { return o.cellSize.registers == 0; });
     row("--dpi 144", [](const Options& o) { return o.dpi == 144; });
     row("--zoom 1.25", [](const Options& o) { return o.zoom == 1.25; });
+    row("--language zh", [](const Options& o) { return o.language == Language::Chinese; });
+    row("--language en", [](const Options& o) { return o.language == Language::English; });
+    row("--theme dark", [](const Options& o) { return o.shade == Theme::Shade::Dark; });
+    row("--theme light", [](const Options& o) { return o.shade == Theme::Shade::Light; });
     row("--size 800x600", [](const Options& o) { return o.windowSize == QSize(800, 600); });
     row("--tracking now", [](const Options& o) { return o.trackingDelay == 0; });
     row("--tracking never", [](const Options& o) { return o.trackingDelay < 0; });
@@ -123,6 +129,8 @@ void TestCommandLine::refused_data()
     row("--ports -1", "takes a number");
     row("--dpi 100", "takes 96, 144 or 192");
     row("--zoom 0.5", "takes a number from 0.75 to 3");
+    row("--language de", "takes en or zh");
+    row("--theme blue", "takes light or dark");
     row("--zoom nan", "takes a number from 0.75 to 3");
     row("--size 1024", "takes a size in pixels");
     row("--size 10x10", "takes a size in pixels");
@@ -172,9 +180,9 @@ void TestCommandLine::faultsAddUp()
 void TestCommandLine::helpTellsAll()
 {
     const QString help = helpText();
-    for (const char* name :
-         {"plugins", "cell", "home", "level", "ports", "registers", "tour", "dpi", "zoom", "size",
-          "tracking", "powered", "disconnected", "fault", "help", "version"})
+    for (const char* name : {"plugins", "cell", "home", "level", "ports", "registers", "tour",
+                             "dpi", "zoom", "language", "theme", "size", "tracking", "powered",
+                             "disconnected", "fault", "help", "version"})
         QVERIFY2(help.contains(QStringLiteral("\n  --") + QLatin1String(name)), name);
     const QStringList faults = faultNames();
     for (const QString& name : faults)

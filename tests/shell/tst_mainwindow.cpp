@@ -99,11 +99,11 @@ void TestMainWindow::lampsFollowTheController()
     QCOMPARE(bench.lamp("button_power")->value(), QStringLiteral("Power off"));
     bench.cell->setConnected(false);
     QCOMPARE(bench.lamp("button_connection")->value(), QStringLiteral("No connection"));
-    QCOMPARE(bench.lamp("button_connection")->lamp(), QColor(Theme::Bad));
+    QCOMPARE(bench.lamp("button_connection")->lamp(), Theme::colour(Theme::Bad));
     bench.cell->setPowered(true);
     QCOMPARE(bench.lamp("button_power")->value(), QStringLiteral("Powered"));
     bench.cell->setConnected(true);
-    QCOMPARE(bench.lamp("button_connection")->lamp(), QColor(Theme::Good));
+    QCOMPARE(bench.lamp("button_connection")->lamp(), Theme::colour(Theme::Good));
 }
 
 void TestMainWindow::buttonsAsk()

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void allPluginsAreMadeBeforeAnyIsStarted();
     void theSecondOfOneNameIsRefused();
     void oneBrokenLibraryDoesNotKeepTheOthersOut();
+    void pluginsAreMadeAnewByTheirFactories();
     void unloadTakesEverythingBack();
     void aHundredTimes();
     void explanations_data();
@@ -195,6 +196,38 @@ void TestPluginLoader::oneBrokenLibraryDoesNotKeepTheOthersOut()
     loader.loadFolder(folder.path());
     QCOMPARE(loader.reports().size(), 3);
     QCOMPARE(loader.pluginNames(), QStringList{QStringLiteral("good")});
+}
+
+// The libraries stay; each maker is told of before its plugin is made.
+void TestPluginLoader::pluginsAreMadeAnewByTheirFactories()
+{
+    ScriptedHost host;
+    PluginLoader loader;
+    QStringList told;
+    loader.setBeforeMaking([&](const QString& name) { told << name; });
+    loader.loadFolder(folderOf("good"));
+    loader.start();
+    host.firstKeys.clear();
+    host.secondKeys.clear();
+    delete host.centerWidget;
+    delete host.statusBarWidget;
+    qelplugin::RlRegistry::instance().instruction(QStringLiteral("Ins"));
+    loader.drop();
+    QVERIFY(qelplugin::RlRegistry::instance().instructions.isEmpty());
+    QVERIFY(isMapped("libgood.so"));
+    host.messages.clear();
+    loader.makeAnew();
+    QCOMPARE(host.messageTexts(), QStringList({QStringLiteral("0: init at level 3"),
+                                               QStringLiteral("0: afterInit at level 3"),
+                                               QStringLiteral("0: render at level 3")}));
+    QCOMPARE(told, QStringList({QStringLiteral("good"), QStringLiteral("good")}));
+    QCOMPARE(loader.reports().size(), 1);
+    host.firstKeys.clear();
+    host.secondKeys.clear();
+    delete host.centerWidget;
+    delete host.statusBarWidget;
+    loader.unload();
+    QVERIFY(!isMapped("libgood.so"));
 }
 
 void TestPluginLoader::unloadTakesEverythingBack()

@@ -69,6 +69,8 @@ constexpr const char* MainSteps[] = {
     "program-change-LaserOff",
     "program-saved",
     "program-again",
+    "language",
+    "theme",
     "program-insert-refused",
     "program-replace-refused",
 };
@@ -129,9 +131,12 @@ void TestTour::theWholeStory_data()
 {
     QTest::addColumn<QString>("dpi");
     QTest::addColumn<QSize>("size");
-    QTest::newRow("as it starts") << QString() << QSize(1024, 768);
-    QTest::newRow("small at 192 dpi") << QStringLiteral("192") << QSize(800, 600);
-    QTest::newRow("wide at 144 dpi") << QStringLiteral("144") << QSize(1280, 800);
+    QTest::addColumn<QString>("language");
+    const QString english = QStringLiteral("en");
+    QTest::newRow("as it starts") << QString() << QSize(1024, 768) << english;
+    QTest::newRow("small at 192 dpi") << QStringLiteral("192") << QSize(800, 600) << english;
+    QTest::newRow("wide at 144 dpi, in Chinese")
+        << QStringLiteral("144") << QSize(1280, 800) << QStringLiteral("zh");
 }
 
 // The later ones with the points and the power of the tour before.
@@ -139,8 +144,10 @@ void TestTour::theWholeStory()
 {
     QFETCH(QString, dpi);
     QFETCH(QSize, size);
-    QStringList arguments{QStringLiteral("--tour"), QStringLiteral("pictures"),
-                          QStringLiteral("--cell"), kept.filePath(QStringLiteral("cell"))};
+    QFETCH(QString, language);
+    QStringList arguments{QStringLiteral("--language"), language,
+                          QStringLiteral("--tour"),     QStringLiteral("pictures"),
+                          QStringLiteral("--cell"),     kept.filePath(QStringLiteral("cell"))};
     if (!dpi.isEmpty()) {
         arguments << QStringLiteral("--dpi") << dpi << QStringLiteral("--size")
                   << QStringLiteral("%1x%2").arg(size.width()).arg(size.height());

@@ -1,4 +1,4 @@
-#include "ThemeSheet.h"
+#include "PluginSheet.h"
 
 #include "ThemeTokens.h"
 
@@ -24,7 +24,7 @@ bool breaksTheSheet(const QString& text)
 
 } // namespace
 
-ThemeSheet::ThemeSheet(const QByteArray& json, const Lookup& lookup)
+PluginSheet::PluginSheet(const QByteArray& json, const Lookup& lookup)
     : find(lookup)
 {
     QJsonParseError error;
@@ -32,7 +32,8 @@ ThemeSheet::ThemeSheet(const QByteArray& json, const Lookup& lookup)
         json.startsWith(ByteOrderMark) ? json.mid(static_cast<int>(qstrlen(ByteOrderMark))) : json,
         &error);
     if (error.error != QJsonParseError::NoError)
-        wrong << QStringLiteral("no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset);
+        wrong
+            << QStringLiteral("no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset);
     else if (!document.isArray())
         wrong << QStringLiteral("no array of rules");
     const QJsonArray rules = document.array();
@@ -46,7 +47,7 @@ ThemeSheet::ThemeSheet(const QByteArray& json, const Lookup& lookup)
 
 // The properties stand in the order of their names, which JSON does not keep: "border" before
 // "border-bottom", as a sheet wants it.
-void ThemeSheet::addRule(int number, const QJsonObject& rule)
+void PluginSheet::addRule(int number, const QJsonObject& rule)
 {
     const QString selector = rule.value(SelectorKey).toString();
     if (selector.trimmed().isEmpty() || breaksTheSheet(selector)) {
@@ -69,7 +70,7 @@ void ThemeSheet::addRule(int number, const QJsonObject& rule)
     sheet += QLatin1String(" }\n");
 }
 
-std::optional<QString> ThemeSheet::valueOf(const QJsonValue& value, QString* reason) const
+std::optional<QString> PluginSheet::valueOf(const QJsonValue& value, QString* reason) const
 {
     static const QRegularExpression reference(QStringLiteral("^\\$(\\w+)\\$([\\w/]+)$"));
     const QString text = value.toString();
@@ -91,12 +92,12 @@ std::optional<QString> ThemeSheet::valueOf(const QJsonValue& value, QString* rea
     return std::nullopt;
 }
 
-QString ThemeSheet::ofPlugin(const QString& name)
+QString PluginSheet::ofPlugin(const QString& name)
 {
     QFile file(QStringLiteral(":/%1/render/sub_page.json").arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    const ThemeSheet sheet(file.readAll(), themeValue);
+    const PluginSheet sheet(file.readAll(), themeValue);
     for (const QString& each : sheet.complaints())
         qWarning("The sheet of %s: %s", qPrintable(name), qPrintable(each));
     return sheet.text();

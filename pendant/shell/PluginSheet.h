@@ -16,13 +16,13 @@ namespace pendant {
 /// as a whole one reference "$kind$token" to what the theme has.
 ///
 /// What cannot be read is left out and said; everything else stays.
-class ThemeSheet
+class PluginSheet
 {
 public:
     using Lookup = std::function<std::optional<QString>(const QString& kind, const QString& token)>;
 
     /// The file may begin with a byte-order mark.
-    ThemeSheet(const QByteArray& json, const Lookup& lookup);
+    PluginSheet(const QByteArray& json, const Lookup& lookup);
 
     /// The sheet of the plugin of the registered name, with the values of the theme in force; what
     /// is wrong with it becomes a warning. Empty when the plugin brings none.
