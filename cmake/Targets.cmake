@@ -14,6 +14,18 @@ function(laserweld_part name)
         PRIVATE strict)
 endfunction()
 
+# A translation catalogue: compile_catalogue(VARIABLE FILE.ts) makes FILE.qm in the build folder and
+# leaves its path in the variable, for a .qrc.in to name.
+function(compile_catalogue variable source)
+    cmake_path(GET source STEM name)
+    set(compiled ${CMAKE_CURRENT_BINARY_DIR}/${name}.qm)
+    add_custom_command(OUTPUT ${compiled}
+        COMMAND Qt5::lrelease -silent ${CMAKE_CURRENT_SOURCE_DIR}/${source} -qm ${compiled}
+        DEPENDS ${source}
+        VERBATIM)
+    set(${variable} ${compiled} PARENT_SCOPE)
+endfunction()
+
 # A part of the pendant: pendant_part(NAME SOURCES ... USES ...)
 function(pendant_part name)
     cmake_parse_arguments(PART "" "" "SOURCES;USES" ${ARGN})

@@ -2,6 +2,8 @@
 
 #include "qelplugin.h"
 
+#include <functional>
+
 namespace qelplugin {
 
 /// What the application supplies to the SDK library: its window and its controller.
@@ -64,6 +66,8 @@ QELPLUGIN_EXPORT HostBackend& hostBackend();
 QELPLUGIN_EXPORT QStringList registeredPlugins();
 /// Makes the plugin that is registered under the name, or returns null when there is none.
 QELPLUGIN_EXPORT PluginBase* createPlugin(const QString& name, QObject* parent);
+/// The factory that is registered under the name, or an empty one.
+QELPLUGIN_EXPORT std::function<PluginBase*(QObject* parent)> pluginFactory(const QString& name);
 /// Drops the factory. To be called before its library is unloaded: the factory is code of it.
 QELPLUGIN_EXPORT bool forgetPlugin(const QString& name);
 

@@ -67,8 +67,14 @@ QStringList registeredPlugins()
 
 PluginBase* createPlugin(const QString& name, QObject* parent)
 {
+    const auto factory = pluginFactory(name);
+    return factory ? factory(parent) : nullptr;
+}
+
+std::function<PluginBase*(QObject*)> pluginFactory(const QString& name)
+{
     const auto found = find(name);
-    return found == entries().end() || !found->factory ? nullptr : found->factory(parent);
+    return found == entries().end() ? nullptr : found->factory;
 }
 
 bool forgetPlugin(const QString& name)

@@ -68,9 +68,9 @@ void FaultPanel::addFault(const FaultRow& row)
 
 void FaultPanel::addFlag(const FaultRow& row)
 {
-    auto* box = new QCheckBox(QString::fromLatin1(row.caption), this);
+    auto* box = new QCheckBox(tr(row.caption), this);
     box->setObjectName(QStringLiteral("fault_") + QString::fromLatin1(row.name));
-    box->setToolTip(QString::fromLatin1(row.hint));
+    box->setToolTip(tr(row.hint));
     const auto flag = row.flag;
     connect(box, &QCheckBox::clicked, this,
             [this, flag](bool on) { turn([&](Faults& faults) { faults.*flag = on; }); });
@@ -80,8 +80,8 @@ void FaultPanel::addFlag(const FaultRow& row)
 
 void FaultPanel::addNumber(const FaultRow& row)
 {
-    auto* caption = new QLabel(QString::fromLatin1(row.caption), this);
-    caption->setToolTip(QString::fromLatin1(row.hint));
+    auto* caption = new QLabel(tr(row.caption), this);
+    caption->setToolTip(tr(row.hint));
     auto* box = new QSpinBox(this);
     box->setObjectName(QStringLiteral("fault_") + QString::fromLatin1(row.name));
     box->setRange(row.minimum, row.maximum);

@@ -78,14 +78,22 @@ QToolButton* scrollArrow(const QTabBar* tabs, bool toTheLeft)
 }
 
 // A page may be longer than its view, and the view hardly higher than the widget.
-void scrollTo(QWidget* widget)
+void scrollAreasTo(QWidget* widget)
 {
-    QApplication::processEvents();
     for (QWidget* each = widget->parentWidget(); each; each = each->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(each))
             area->ensureWidgetVisible(widget, 0, 0);
         if (auto* view = qobject_cast<QAbstractItemView*>(each))
             view->scrollTo(view->indexAt(widget->mapTo(view->viewport(), QPoint())));
+    }
+}
+
+// An area within another is laid out after it, and again where its scroll bars come or go.
+void scrollTo(QWidget* widget)
+{
+    for (int time = 0; time < 3; ++time) {
+        QApplication::processEvents();
+        scrollAreasTo(widget);
     }
 }
 

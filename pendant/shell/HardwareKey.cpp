@@ -146,14 +146,14 @@ void HardwareKey::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);
-    painter.setPen(QPen(QColor(held || hasFocus() ? Theme::Accent : Theme::Off), held ? 2 : 1));
-    painter.setBrush(QColor(held ? Theme::Pressed : Theme::Card));
+    painter.setPen(QPen(Theme::colour(held || hasFocus() ? Theme::Accent : Theme::Off), held ? 2 : 1));
+    painter.setBrush(Theme::colour(held ? Theme::Pressed : Theme::Card));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), Theme::px(Radius),
                             Theme::px(Radius));
     const int margin = Theme::px(Margin);
     const int size = Theme::px(Picture);
     paintPicture(painter, QRect((width() - size) / 2, margin, size, size));
-    painter.setPen(QColor(Theme::Ink));
+    painter.setPen(Theme::colour(Theme::Ink));
     const int side = Theme::px(Side);
     painter.drawText(QRect(side, margin + size, width() - 2 * side, height() - margin - size),
                      Qt::AlignCenter | Qt::TextWordWrap, record.label);
@@ -175,7 +175,7 @@ void HardwareKey::paintPicture(QPainter& painter, const QRect& place) const
     large.setBold(true);
     painter.save();
     painter.setFont(large);
-    painter.setPen(QColor(Theme::Accent));
+    painter.setPen(Theme::colour(Theme::Accent));
     painter.drawText(place, Qt::AlignCenter, record.label.mid(0, 1));
     painter.restore();
 }

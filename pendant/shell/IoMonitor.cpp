@@ -8,6 +8,7 @@
 #include <QBoxLayout>
 #include <QButtonGroup>
 #include <QDoubleSpinBox>
+#include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QPushButton>
@@ -34,7 +35,7 @@ constexpr int RealDecimals = 3;
 QPixmap lamp(bool on)
 {
     const int size = Theme::px(LampSize);
-    const QColor colour(on ? Theme::Good : Theme::Line);
+    const QColor colour = Theme::colour(on ? Theme::Good : Theme::Line);
     QPixmap picture(size, size);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
@@ -62,8 +63,8 @@ QString placeText(const SignalState& state)
 QColor placeColour(const SignalState& state)
 {
     if (!state.trouble.isEmpty())
-        return Theme::Bad;
-    return state.isMapped() && state.mapping.isOn ? Theme::Ink : Theme::Off;
+        return Theme::colour(Theme::Bad);
+    return Theme::colour(state.isMapped() && state.mapping.isOn ? Theme::Ink : Theme::Off);
 }
 
 QString onOff(bool on)
@@ -142,7 +143,7 @@ IoMonitor::Row IoMonitor::addRow(const WeldSignal& signal)
     table->insertRow(row.index);
     for (int column = 0; column < ColumnCount; ++column)
         table->setItem(row.index, column, new QTableWidgetItem);
-    table->item(row.index, Name)->setText(QString::fromLatin1(signal.caption));
+    table->item(row.index, Name)->setText(tr(signal.caption));
     table->item(row.index, Name)->setToolTip(QString::fromLatin1(signal.key));
     if (!signal.isOutput)
         addInput(row, signal);
@@ -190,7 +191,7 @@ void IoMonitor::showState(const Row& row, const SignalState& state)
     auto* name = row.table->item(row.index, Name);
     auto* place = row.table->item(row.index, Place);
     const bool isUsed = state.isMapped() && state.mapping.isOn;
-    name->setForeground(QColor(isUsed ? Theme::Ink : Theme::Off));
+    name->setForeground(Theme::colour(isUsed ? Theme::Ink : Theme::Off));
     place->setText(placeText(state));
     place->setForeground(placeColour(state));
     place->setToolTip(state.trouble);
@@ -226,6 +227,13 @@ void IoMonitor::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     refresh();
+}
+
+void IoMonitor::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (Theme::isChange(*event) && isVisible())
+        refresh();
 }
 
 void IoMonitor::resizeEvent(QResizeEvent* event)

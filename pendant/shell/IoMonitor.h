@@ -27,6 +27,7 @@ public:
     explicit IoMonitor(Controller& controller, QWidget* parent = nullptr);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

@@ -72,8 +72,8 @@ void LampButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(hasFocus() ? Theme::Accent : Theme::Line));
-    painter.setBrush(QColor(isDown() ? Theme::Pressed : Theme::Card));
+    painter.setPen(Theme::colour(hasFocus() ? Theme::Accent : Theme::Line));
+    painter.setBrush(Theme::colour(isDown() ? Theme::Pressed : Theme::Card));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Theme::px(Radius),
                             Theme::px(Radius));
     const int margin = Theme::px(Margin);
@@ -88,10 +88,10 @@ void LampButton::paintEvent(QPaintEvent*)
     const int top = (height() - small.height() - bold.height()) / 2;
     const QRect line(margin + lampRoom(), top, width() - lampRoom() - margin, small.height());
     painter.setFont(captionFont());
-    painter.setPen(QColor(Theme::MutedInk));
+    painter.setPen(Theme::colour(Theme::MutedInk));
     painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, text());
     painter.setFont(valueFont());
-    painter.setPen(QColor(Theme::Ink));
+    painter.setPen(Theme::colour(Theme::Ink));
     painter.drawText(QRect(line.left(), line.bottom() + 1, line.width(), bold.height()),
                      Qt::AlignLeft | Qt::AlignVCenter, shown);
 }

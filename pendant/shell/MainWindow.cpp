@@ -8,6 +8,7 @@
 #include "LoginPanel.h"
 #include "MessagePage.h"
 #include "MessageStrip.h"
+#include "Phrases.h"
 #include "PluginPage.h"
 #include "ProgramPage.h"
 #include "Theme.h"
@@ -51,35 +52,14 @@ QVBoxLayout* plainColumn(QWidget* parent)
 
 MainWindow::MainWindow(Controller& controller, QWidget* parent)
     : QWidget(parent)
-    , topBar(new TopBar(this))
-    , leftKeys(new KeyColumn(this))
-    , rightKeys(new KeyColumn(this))
-    , tabs(new QTabBar(this))
-    , pages(new QStackedWidget(this))
-    , centre(new QStackedWidget(this))
-    , strip(new MessageStrip(this))
-    , drawer(new Drawer(this))
-    , login(new LoginPanel(this))
-    , pluginPage(new PluginPage)
-    , programPage(new ProgramPage(controller))
+    , machine(controller)
 {
     setObjectName(QStringLiteral("pendant"));
-    setWindowTitle(tr("Pendant"));
+    Theme::ground(this);
     // No button is marked before the operator has chosen one.
     setFocusPolicy(Qt::ClickFocus);
     setFocus();
-    build(controller);
-    follow(controller);
-    connect(tabs, &QTabBar::currentChanged, this, &MainWindow::selectPage);
-    connect(pages, &QStackedWidget::widgetRemoved, this, &MainWindow::dropTab);
-    connect(topBar, &TopBar::connectionClicked, this, &MainWindow::connectionClicked);
-    connect(topBar, &TopBar::powerClicked, this, &MainWindow::powerClicked);
-    connect(topBar, &TopBar::userClicked, this, &MainWindow::toggleLogin);
-    connect(topBar, &TopBar::programToggled, this, &MainWindow::showProgram);
-    connect(programPage, &ProgramPage::complained, this,
-            [this](const QString& text) { showMessage(objectName(), Warning, text); });
-    connect(login, &LoginPanel::levelChosen, login, &QWidget::hide);
-    connect(login, &LoginPanel::levelChosen, this, &MainWindow::levelChosen);
+    build({});
 }
 
 MainWindow::~MainWindow()
@@ -87,7 +67,26 @@ MainWindow::~MainWindow()
     dropPlugins();
 }
 
-void MainWindow::build(Controller& controller)
+void MainWindow::build(const ProgramWork& work)
+{
+    setWindowTitle(tr("Pendant"));
+    topBar = new TopBar(this);
+    leftKeys = new KeyColumn(this);
+    rightKeys = new KeyColumn(this);
+    tabs = new QTabBar(this);
+    pages = new QStackedWidget(this);
+    centre = new QStackedWidget(this);
+    strip = new MessageStrip(this);
+    drawer = new Drawer(this);
+    login = new LoginPanel(this);
+    pluginPage = new PluginPage;
+    programPage = new ProgramPage(machine, work);
+    fill();
+    join();
+    follow();
+}
+
+void MainWindow::fill()
 {
     auto* column = plainColumn(this);
     column->addWidget(topBar);
@@ -98,13 +97,57 @@ void MainWindow::build(Controller& controller)
     connect(strip, &MessageStrip::messageClicked, this,
             [this, messagePage] { drawer->open(messagePage); });
     addPanel(QStringLiteral("messages"), tr("Messages"), messagePage);
-    addPanel(QStringLiteral("faults"), tr("Faults"), new FaultPanel(controller));
-    addPanel(QStringLiteral("io"), tr("I/O"), new IoMonitor(controller));
-    addPanel(QStringLiteral("log"), tr("Controller log"), buildLog(controller));
+    addPanel(QStringLiteral("faults"), tr("Faults"), new FaultPanel(machine));
+    addPanel(QStringLiteral("io"), tr("I/O"), new IoMonitor(machine));
+    addPanel(QStringLiteral("log"), tr("Controller log"), buildLog());
     addPanel(QStringLiteral("plugins"), tr("Plugins"), pluginPage);
     Theme::dress(strip);
     Theme::dress(leftKeys);
     Theme::dress(rightKeys);
+}
+
+void MainWindow::join()
+{
+    connect(tabs, &QTabBar::currentChanged, this, &MainWindow::selectPage);
+    connect(pages, &QStackedWidget::widgetRemoved, this, &MainWindow::dropTab);
+    connect(topBar, &TopBar::connectionClicked, this, &MainWindow::connectionClicked);
+    connect(topBar, &TopBar::powerClicked, this, &MainWindow::powerClicked);
+    connect(topBar, &TopBar::userClicked, this, &MainWindow::toggleLogin);
+    connect(topBar, &TopBar::programToggled, this, &MainWindow::showProgram);
+    connect(topBar, &TopBar::languageClicked, this, &MainWindow::languageClicked);
+    connect(topBar, &TopBar::themeClicked, this, &MainWindow::themeClicked);
+    connect(programPage, &ProgramPage::complained, this,
+            [this](const QString& text) { showMessage(objectName(), Warning, phrase(text)); });
+    connect(login, &LoginPanel::levelChosen, login, &QWidget::hide);
+    connect(login, &LoginPanel::levelChosen, this, &MainWindow::levelChosen);
+}
+
+// The plugins are made while their pages are in view and before the programs are, as at the start.
+void MainWindow::renew(const std::function<void()>& makePlugins)
+{
+    const ProgramWork work = programPage->handOver();
+    const bool isProgram = centre->currentWidget() == programPage;
+    const QString panel = drawer->current() ? drawer->current()->objectName() : QString();
+    const QString said = log->toPlainText();
+    const int tab = tabs->currentIndex();
+    setFocus();
+    delete layout();
+    qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+    build(work);
+    log->setPlainText(said);
+    showUser(userLevel);
+    pluginPage->setReports(reports);
+    if (history.rowCount() > 0)
+        strip->showMessage(history.at(0));
+    for (int index = 0; index < layout()->count(); ++index)
+        layout()->itemAt(index)->widget()->setVisible(true);
+    placeKeys();
+    makePlugins();
+    tabs->setCurrentIndex(tab);
+    if (isProgram)
+        topBar->setProgram(true);
+    if (auto* open = findChild<QWidget*>(panel); open && !panel.isEmpty())
+        drawer->open(open);
 }
 
 QWidget* MainWindow::buildBody()
@@ -136,6 +179,7 @@ QWidget* MainWindow::buildBody()
 QWidget* MainWindow::buildPages()
 {
     pages->setObjectName(QStringLiteral("pages"));
+    pages->setPalette(Theme::pluginPalette());
     pages->setMinimumSize(LeastPage * ((1 + Theme::screenScale()) / 2));
     auto* area = new QScrollArea(this);
     area->setObjectName(QStringLiteral("scroll_pages"));
@@ -163,24 +207,30 @@ void MainWindow::addPanel(const QString& name, const QString& caption, QWidget* 
             [button, content](QWidget* current) { button->setChecked(current == content); });
 }
 
-QWidget* MainWindow::buildLog(const Controller& controller)
+QWidget* MainWindow::buildLog()
 {
-    auto* view = new QPlainTextEdit;
+    auto* view = log = new QPlainTextEdit;
     view->setReadOnly(true);
     view->setPlaceholderText(tr("The controller has said nothing yet."));
     view->setMaximumBlockCount(LogLines);
-    connect(&controller, &Controller::logged, view, [view](const QString& text) {
+    Theme::mark(view, "empty", true);
+    connect(view, &QPlainTextEdit::textChanged, view, [view] {
+        const bool isEmpty = view->document()->isEmpty();
+        if (view->property("empty").toBool() != isEmpty)
+            Theme::mark(view, "empty", isEmpty);
+    });
+    connect(&machine, &Controller::logged, view, [view](const QString& text) {
         view->appendPlainText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + text);
     });
     return view;
 }
 
-void MainWindow::follow(const Controller& controller)
+void MainWindow::follow()
 {
-    topBar->showConnection(controller.isConnected());
-    topBar->showPower(controller.isPowered());
-    connect(&controller, &Controller::connectionChanged, topBar, &TopBar::showConnection);
-    connect(&controller, &Controller::powerChanged, topBar, &TopBar::showPower);
+    topBar->showConnection(machine.isConnected());
+    topBar->showPower(machine.isPowered());
+    connect(&machine, &Controller::connectionChanged, topBar, &TopBar::showConnection);
+    connect(&machine, &Controller::powerChanged, topBar, &TopBar::showPower);
 }
 
 void MainWindow::addPage(const QString& plugin, QWidget* page)
@@ -264,8 +314,17 @@ void MainWindow::clearMessages()
     strip->clear();
 }
 
-void MainWindow::setReports(const QVector<PluginReport>& reports)
+// For the editors of instructions only. A page whose plugin has no use for the host's default sheet
+// stays free of it: the sheet's heights of 36 pixels make the page scroll and its icons grow, and
+// what the page wants to look like it says itself. The indicators are bare pictures.
+void MainWindow::setPluginSheet(const QString& sheet)
 {
+    programPage->setPluginSheet(sheet);
+}
+
+void MainWindow::setReports(const QVector<PluginReport>& newReports)
+{
+    reports = newReports;
     pluginPage->setReports(reports);
     const bool anyRefused = std::any_of(reports.begin(), reports.end(),
                                         [](const PluginReport& each) { return !each.loaded; });
@@ -275,6 +334,7 @@ void MainWindow::setReports(const QVector<PluginReport>& reports)
 
 void MainWindow::showUser(int level)
 {
+    userLevel = level;
     topBar->showUser(level);
     login->setLevel(level);
 }
@@ -334,6 +394,11 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    placeKeys();
+}
+
+void MainWindow::placeKeys()
+{
     for (KeyColumn* keys : {leftKeys, rightKeys})
         keys->setNarrow(width() < Theme::px(WideWindow));
 }

@@ -6,6 +6,9 @@
 
 #include <QWidget>
 
+#include <functional>
+
+class QPlainTextEdit;
 class QStackedWidget;
 class QTabBar;
 
@@ -20,6 +23,7 @@ class MessageStrip;
 class PluginPage;
 class ProgramPage;
 class TopBar;
+struct ProgramWork;
 
 /// The pendant's window: status bar, the plugin's page between the two columns of keys, messages.
 class MainWindow : public QWidget
@@ -42,12 +46,18 @@ public:
 
     /// What the operator reads for the plugin's registered name.
     void setPageTitle(const QString& plugin, const QString& title);
-    void setReports(const QVector<PluginReport>& reports);
+    /// The theme sheet of the plugins.
+    void setPluginSheet(const QString& sheet);
+    void setReports(const QVector<PluginReport>& newReports);
     void showUser(int level);
     /// Leaves the page and comes back to it, so that it reads its record and the user anew.
     void reopenPage();
     /// Lets every key go that is held.
     void releaseKeys();
+    /// Builds everything in the window anew, in the language that is installed. What came from
+    /// plugins has been dropped; `makePlugins` brings it back. What the operator had open, wrote
+    /// and was told stays.
+    void renew(const std::function<void()>& makePlugins);
     /// Deletes all that came from plugins: keys, pages and indicators.
     void dropPlugins();
 
@@ -57,6 +67,8 @@ Q_SIGNALS:
     void connectionClicked();
     void powerClicked();
     void levelChosen(int level);
+    void languageClicked();
+    void themeClicked();
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -65,12 +77,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void build(Controller& controller);
-    void follow(const Controller& controller);
+    void build(const ProgramWork& work);
+    void fill();
+    void join();
+    void follow();
     QWidget* buildBody();
     QWidget* buildPages();
     void addPanel(const QString& name, const QString& caption, QWidget* content);
-    QWidget* buildLog(const Controller& controller);
+    QWidget* buildLog();
     void selectPage(int index);
     void dropTab(int index);
     void toggleLogin();
@@ -78,19 +92,24 @@ private:
     void showProgram(bool on);
     void showTitle();
     void placePanels();
+    void placeKeys();
 
+    Controller& machine;
     MessageModel history;
-    TopBar* topBar;
-    KeyColumn* leftKeys;
-    KeyColumn* rightKeys;
-    QTabBar* tabs;
-    QStackedWidget* pages;
-    QStackedWidget* centre; ///< the plugins' pages or the robot programs
-    MessageStrip* strip;
-    Drawer* drawer;
-    LoginPanel* login;
-    PluginPage* pluginPage;
-    ProgramPage* programPage;
+    int userLevel = 0;
+    QVector<PluginReport> reports;
+    TopBar* topBar = nullptr;
+    KeyColumn* leftKeys = nullptr;
+    KeyColumn* rightKeys = nullptr;
+    QTabBar* tabs = nullptr;
+    QStackedWidget* pages = nullptr;
+    QStackedWidget* centre = nullptr; ///< the plugins' pages or the robot programs
+    MessageStrip* strip = nullptr;
+    Drawer* drawer = nullptr;
+    LoginPanel* login = nullptr;
+    QPlainTextEdit* log = nullptr;
+    PluginPage* pluginPage = nullptr;
+    ProgramPage* programPage = nullptr;
 };
 
 } // namespace pendant

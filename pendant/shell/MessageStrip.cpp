@@ -36,11 +36,11 @@ MessageStrip::MessageStrip(QWidget* parent)
 
 void MessageStrip::showMessage(const Message& message)
 {
-    const Severity severity = severityOf(message.level);
+    level = message.level;
     time->setText(message.time.toString(QStringLiteral("HH:mm:ss")));
     text->setText(message.text);
     text->setToolTip(message.text);
-    tint(severity.colour, severity.tint);
+    tint();
 }
 
 void MessageStrip::clear()
@@ -48,11 +48,21 @@ void MessageStrip::clear()
     time->clear();
     text->clear();
     text->setToolTip(QString());
-    tint(QColor(Theme::Line), QColor(Theme::Ground));
+    level.reset();
+    tint();
 }
 
-void MessageStrip::tint(const QColor& bar, const QColor& ground)
+void MessageStrip::changeEvent(QEvent* event)
 {
+    QFrame::changeEvent(event);
+    if (Theme::isChange(*event))
+        tint();
+}
+
+void MessageStrip::tint()
+{
+    const QColor bar = level ? severityOf(*level).colour : Theme::colour(Theme::Line);
+    const QColor ground = level ? severityOf(*level).tint : Theme::colour(Theme::Ground);
     box->setStyleSheet(QStringLiteral("QFrame#messageBox { background: %1; border: none; "
                                       "border-left: %2px solid %3; }")
                            .arg(ground.name())

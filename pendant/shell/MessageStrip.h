@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+#include <optional>
+
 class QAbstractButton;
 class QHBoxLayout;
 class QLabel;
@@ -30,15 +32,17 @@ Q_SIGNALS:
     void messageClicked();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void tint(const QColor& bar, const QColor& ground);
+    void tint();
 
     QHBoxLayout* row;
     QFrame* box;
     QLabel* time;
     BriefLabel* text;
+    std::optional<int> level; ///< of the message on show
 };
 
 } // namespace pendant

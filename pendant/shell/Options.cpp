@@ -80,6 +80,30 @@ QString readTracking(Options& options, const QString& text)
                : QStringLiteral("takes now, never or a number of seconds from 0 to 3600");
 }
 
+/// One of two words.
+template<typename Value>
+QString readWord(const QString& text, const char* first, const char* second, Value* value,
+                 Value ofFirst, Value ofSecond)
+{
+    const bool isFirst = text == QLatin1String(first);
+    if (!isFirst && text != QLatin1String(second))
+        return QStringLiteral("takes %1 or %2")
+            .arg(QString::fromLatin1(first), QString::fromLatin1(second));
+    *value = isFirst ? ofFirst : ofSecond;
+    return {};
+}
+
+QString readLanguage(Options& options, const QString& text)
+{
+    return readWord(text, "en", "zh", &options.language, Language::English, Language::Chinese);
+}
+
+QString readTheme(Options& options, const QString& text)
+{
+    return readWord(text, "light", "dark", &options.shade, Theme::Shade::Light,
+                    Theme::Shade::Dark);
+}
+
 const std::vector<Row>& rows()
 {
     using Text = const QString&;
@@ -107,6 +131,14 @@ const std::vector<Row>& rows()
         {"dpi", "N", "Draw for a screen of 96, 144 or 192 dots per inch. Default: the screen's.",
          readDpi},
         {"zoom", "Z", "Font zoom that the plugins are told, 0.75 to 3. Default: 1.", readZoom},
+        {"language", "L",
+         "Start in English or Chinese: en or zh. The pendant and its plugins follow; a button of "
+         "the top bar changes it. Default: en.",
+         readLanguage},
+        {"theme", "T",
+         "Start with a light or a dark theme: light or dark; a button of the top bar changes it. "
+         "Default: light.",
+         readTheme},
         {"size", "WxH", "Size of the window in pixels. Default: 1024x768 at 96 dots per inch.",
          readSize},
         {"tracking", "WHEN",

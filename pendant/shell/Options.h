@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Controller.h"
+#include "Languages.h"
+#include "Theme.h"
 
 #include <QSize>
 #include <QString>
@@ -29,6 +31,8 @@ struct Options
     Faults faults;
     QSize windowSize; ///< pixels; empty: 1024 x 768 at 96 dots per inch
     double zoom = 1.0;
+    Language language = Language::English;
+    Theme::Shade shade = Theme::Shade::Light;
     int userLevel = 0; ///< who is logged in at the start, 0 to 4
     /// Seconds from the start to the loading of the seam-tracking plugin; negative: never.
     int trackingDelay = 0;

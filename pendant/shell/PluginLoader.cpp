@@ -84,9 +84,17 @@ void forgetAll()
 
 } // namespace
 
+/// A plugin by its registered name, and how it is made.
+struct PluginLoader::Maker
+{
+    QString name;
+    std::function<qelplugin::PluginBase*(QObject* parent)> factory;
+};
+
 struct PluginLoader::Library
 {
     QLibrary file;
+    std::vector<Maker> makers;
     std::vector<qelplugin::PluginBase*> plugins; ///< owned, in the order of their registration
 
     Library() = default;
@@ -182,7 +190,22 @@ QString PluginLoader::open(const QString& path, Library* library)
     return refuseApi(library->file);
 }
 
-// The factories are dropped as soon as they have been used, so that whatever stands in the
+qelplugin::PluginBase* PluginLoader::make(const Maker& maker) const
+{
+    if (beforeMaking)
+        beforeMaking(maker.name);
+    auto* plugin = maker.factory ? maker.factory(nullptr) : nullptr;
+    if (plugin)
+        plugin->setObjectName(maker.name);
+    return plugin;
+}
+
+void PluginLoader::setBeforeMaking(const std::function<void(const QString& name)>& listener)
+{
+    beforeMaking = listener;
+}
+
+// The factories are dropped from the registry as soon as they have been used, so that whatever stands in the
 // registry after the next load is that library's own.
 void PluginLoader::adopt(const QString& file, std::unique_ptr<Library> library,
                          const QStringList& names)
@@ -193,16 +216,17 @@ void PluginLoader::adopt(const QString& file, std::unique_ptr<Library> library,
             report(name, file, QStringLiteral("another library has registered this name"));
             continue;
         }
-        auto* plugin = qelplugin::createPlugin(name, nullptr);
+        const Maker maker{name, qelplugin::pluginFactory(name)};
+        auto* plugin = make(maker);
         if (plugin) {
-            plugin->setObjectName(name);
             library->plugins.push_back(plugin);
+            library->makers.push_back(maker);
         }
         report(name, file, plugin ? QString() : QStringLiteral("its factory made no plugin"));
     }
     forgetAll();
     if (library->plugins.empty())
-        library->file.unload();
+        library->file.unload(); // no factory of it is kept
     else
         libraries.push_back(std::move(library));
 }
@@ -220,7 +244,7 @@ void PluginLoader::start()
     started = libraries.size();
 }
 
-void PluginLoader::unload()
+void PluginLoader::drop()
 {
     for (auto each = libraries.rbegin(); each != libraries.rend(); ++each)
         (*each)->deletePlugins();
@@ -228,12 +252,30 @@ void PluginLoader::unload()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     forgetAll();
     qelplugin::RlRegistry::instance().clear();
+    started = 0;
+}
+
+void PluginLoader::makeAnew()
+{
+    for (const auto& library : libraries) {
+        for (const Maker& maker : library->makers) {
+            if (auto* plugin = make(maker))
+                library->plugins.push_back(plugin);
+        }
+    }
+    start();
+}
+
+void PluginLoader::unload()
+{
+    drop();
     while (!libraries.empty()) {
+        // A factory is code of its library and has to go first.
+        libraries.back()->makers.clear();
         libraries.back()->file.unload();
         libraries.pop_back();
     }
     results.clear();
-    started = 0;
 }
 
 QString PluginLoader::explain(const QString& loadError)

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -41,6 +42,14 @@ public:
     /// Calls init() of every plugin that was loaded since the last call, then afterInit(), then
     /// render().
     void start();
+    /// Deletes the plugins, the last one first, and all that they have registered; their libraries
+    /// stay. The widgets and keys of the plugins must be gone before.
+    void drop();
+    /// Makes the plugins of the libraries that are loaded by their factories, after drop(), and
+    /// starts them.
+    void makeAnew();
+    /// Called with the registered name before each plugin is made: its library is there already.
+    void setBeforeMaking(const std::function<void(const QString& name)>& listener);
     /// Deletes the plugins and unloads their libraries, the last one first. The widgets and keys of
     /// the plugins must be gone before: their code goes with the library.
     void unload();
@@ -56,13 +65,16 @@ public:
 
 private:
     struct Library;
+    struct Maker;
     QString open(const QString& path, Library* library);
     void adopt(const QString& file, std::unique_ptr<Library> library, const QStringList& names);
+    qelplugin::PluginBase* make(const Maker& maker) const;
     void report(const QString& name, const QString& file, const QString& reason);
 
     std::vector<std::unique_ptr<Library>> libraries;
     std::size_t started = 0; ///< of the libraries, from the first on
     QVector<PluginReport> results;
+    std::function<void(const QString& name)> beforeMaking;
 };
 
 } // namespace pendant

@@ -1,8 +1,10 @@
 #include "PluginPage.h"
 
+#include "Phrases.h"
 #include "Tables.h"
 #include "Theme.h"
 
+#include <QEvent>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -28,15 +30,23 @@ PluginPage::PluginPage(QWidget* parent)
 
 void PluginPage::setReports(const QVector<PluginReport>& reports)
 {
+    shown = reports;
     table->setRowCount(reports.size());
     for (int row = 0; row < reports.size(); ++row) {
         const PluginReport& report = reports.at(row);
         const QString cells[ColumnCount] = {report.loaded ? tr("Loaded") : tr("Not loaded"),
-                                            report.name, report.file, report.reason};
+                                            report.name, report.file, phrase(report.reason)};
         for (int column = 0; column < ColumnCount; ++column)
             table->setItem(row, column, new QTableWidgetItem(cells[column]));
-        table->item(row, State)->setForeground(QColor(report.loaded ? Theme::Good : Theme::Bad));
+        table->item(row, State)->setForeground(Theme::colour(report.loaded ? Theme::Good : Theme::Bad));
     }
+}
+
+void PluginPage::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (Theme::isChange(*event))
+        setReports(QVector<PluginReport>(shown));
 }
 
 } // namespace pendant

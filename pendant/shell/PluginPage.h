@@ -18,7 +18,11 @@ public:
 
     void setReports(const QVector<PluginReport>& reports);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    QVector<PluginReport> shown;
     QTableWidget* table;
 };
 

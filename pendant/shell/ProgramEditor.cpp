@@ -3,6 +3,7 @@
 #include "CommentForm.h"
 #include "ProgramLine.h"
 #include "ProgramView.h"
+#include "SkeletonForm.h"
 #include "Theme.h"
 
 #include <QComboBox>
@@ -17,7 +18,6 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSplitter>
-#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace pendant {
@@ -30,14 +30,6 @@ constexpr int HandleHeight = 10;
 constexpr int PanelWidth = 190;
 constexpr int EditorHeight = 80;
 constexpr int WideEnough = 770; // for the editors' 550 and the description
-
-/// Sets a property that the style sheet looks at.
-void mark(QWidget* widget, const char* property, bool on)
-{
-    widget->setProperty(property, on);
-    widget->style()->unpolish(widget);
-    widget->style()->polish(widget);
-}
 
 /// A plain box with a layout, dressed as the shell is.
 template<typename Layout>
@@ -53,8 +45,11 @@ Layout* dressedBox(QWidget* parent)
 } // namespace
 
 // The editors come from plugins, which bring their own style: only what stands around is dressed.
-ProgramEditor::ProgramEditor(QWidget* parent)
+ProgramEditor::ProgramEditor(const OpenProgram& open, QWidget* parent)
     : QWidget(parent)
+    , document(open.document)
+    , title(open.title)
+    , clipboard(open.clipboard)
 {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(Theme::px(Gap));
@@ -65,24 +60,31 @@ ProgramEditor::ProgramEditor(QWidget* parent)
     halves->setChildrenCollapsible(false);
     halves->addWidget(buildProgram());
     halves->addWidget(buildLine());
-    halves->setSizes({5300, 4700}); // the highest editor fits on 1024 by 768
+    halves->setSizes({4700, 5300});
     column->addWidget(halves, 1);
-    connect(&document, &ProgramDocument::changed, view, &ProgramView::select);
-    connect(&document.history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
-    connect(&document.history(), &QUndoStack::indexChanged, this, &ProgramEditor::enableButtons);
+    connect(document.get(), &ProgramDocument::changed, view, &ProgramView::select);
+    connect(&document->history(), &QUndoStack::cleanChanged, this, &ProgramEditor::showTitle);
+    connect(&document->history(), &QUndoStack::indexChanged, this, &ProgramEditor::enableButtons);
     connect(view, &ProgramView::selectionMoved, this, &ProgramEditor::followSelection);
     connect(groupBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &ProgramEditor::showGroup);
     connect(instructionList, &QListWidget::itemClicked, this, &ProgramEditor::chooseInstruction);
     connect(instructionList, &QListWidget::itemActivated, this, &ProgramEditor::chooseInstruction);
     connect(searchField, &QLineEdit::returnPressed, this, &ProgramEditor::findNext);
+    view->select(open.first, open.count);
+    showTitle();
     followSelection();
+}
+
+OpenProgram ProgramEditor::handOver() const
+{
+    return {document, title, clipboard, view->selectedFirst(), view->selectedCount()};
 }
 
 // The history empties itself at its end, when what would hear of it is gone already.
 ProgramEditor::~ProgramEditor()
 {
-    document.history().disconnect(this);
+    document->history().disconnect(this);
 }
 
 QAbstractButton* ProgramEditor::addButton(QWidget* parent, const char* name, const QString& caption,
@@ -106,6 +108,10 @@ QWidget* ProgramEditor::buildHead()
     searchField = new QLineEdit(box);
     searchField->setObjectName(QStringLiteral("edit_find"));
     searchField->setPlaceholderText(tr("Text to find"));
+    Theme::mark(searchField, "empty", true);
+    connect(searchField, &QLineEdit::textChanged, searchField, [this](const QString& text) {
+        Theme::mark(searchField, "empty", text.isEmpty());
+    });
     row->addWidget(addButton(box, "programs", tr("Programs"), &ProgramEditor::leaveClicked));
     row->addSpacing(Theme::px(Gap));
     row->addWidget(nameLabel, 1);
@@ -124,7 +130,7 @@ QWidget* ProgramEditor::buildProgram()
     QWidget* box = column->parentWidget();
     auto* row = new QHBoxLayout;
     row->setSpacing(Theme::px(Gap));
-    view = new ProgramView(document, catalogue, box);
+    view = new ProgramView(*document, catalogue, box);
     view->setMinimumHeight(Theme::px(80));
     row->addWidget(view, 1);
     row->addWidget(buildInstructions());
@@ -253,7 +259,7 @@ bool ProgramEditor::eventFilter(QObject* watched, QEvent* event)
 void ProgramEditor::load(const QString& name, const QByteArray& text)
 {
     title = name;
-    document.load(text);
+    document->load(text);
     showTitle();
     followSelection();
     view->setFocus();
@@ -307,11 +313,11 @@ void ProgramEditor::followSelection()
         return;
     instructionList->setCurrentItem(nullptr);
     if (view->selectedCount() != 1) {
-        closeEditor(document.rowCount() == 0 ? tr("The program is empty. Choose an instruction.")
+        closeEditor(document->rowCount() == 0 ? tr("The program is empty. Choose an instruction.")
                                              : tr("Select a line, or choose an instruction."));
         return;
     }
-    const QString line = document.line(view->selectedFirst());
+    const QString line = document->line(view->selectedFirst());
     const int instruction = catalogue.find(line);
     if (instruction < 0)
         closeEditor(tr("This line is no instruction of a plugin. It is kept as it stands."));
@@ -328,7 +334,7 @@ void ProgramEditor::openEditor(int instruction, const QString* line)
     isNew = !line;
     describe(instruction);
     const QString& key = catalogue.at(instruction).key;
-    mark(editorTitle, "hint", false);
+    Theme::mark(editorTitle, "hint", false);
     editorTitle->setText(isNew ? tr("New: %1").arg(key)
                                : tr("Line %1: %2").arg(view->selectedFirst() + 1).arg(key));
     editor = isNew ? catalogue.makeInsertEditor(instruction, &error)
@@ -342,9 +348,30 @@ void ProgramEditor::openEditor(int instruction, const QString* line)
     } else {
         if (line)
             fillWith(*line);
-        editorPlace->setWidget(editor);
+        editorPlace->setWidget(qobject_cast<SkeletonForm*>(editor) ? editor : ofPlugin(editor));
     }
     enableButtons();
+}
+
+// A plugin's editor stands on a light ground, which its sheets count on, and in the plugin's theme
+// sheet: only a part of what it is made of has a style of its own.
+QWidget* ProgramEditor::ofPlugin(QWidget* content)
+{
+    auto* ground = new QWidget;
+    ground->setObjectName(QStringLiteral("pluginGround"));
+    ground->setPalette(Theme::pluginPalette());
+    ground->setStyleSheet(sheet);
+    auto* column = new QVBoxLayout(ground);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(content);
+    return ground;
+}
+
+void ProgramEditor::setPluginSheet(const QString& text)
+{
+    sheet = text;
+    if (auto* ground = findChild<QWidget*>(QStringLiteral("pluginGround")))
+        ground->setStyleSheet(sheet);
 }
 
 // An editor gets the whole line first. It may take nothing behind the call: then it gets that
@@ -364,7 +391,7 @@ void ProgramEditor::closeEditor(const QString& hint)
     edited = -1;
     isNew = false;
     editorTitle->setText(hint);
-    mark(editorTitle, "hint", true);
+    Theme::mark(editorTitle, "hint", true);
     description->clear();
     enableButtons();
 }
@@ -376,10 +403,10 @@ void ProgramEditor::describe(int instruction)
 
 void ProgramEditor::showTitle()
 {
-    const bool isModified = document.isModified();
+    const bool isModified = document->isModified();
     const QString star = isModified ? QStringLiteral(" *") : QString();
-    mark(nameLabel, "modified", isModified);
-    mark(findChild<QPushButton*>(QStringLiteral("button_save")), "primary", isModified);
+    Theme::mark(nameLabel, "modified", isModified);
+    Theme::mark(findChild<QPushButton*>(QStringLiteral("button_save")), "primary", isModified);
     const QFontMetrics metrics = nameLabel->fontMetrics();
     const int room = nameLabel->width() - metrics.horizontalAdvance(star);
     nameLabel->setText(metrics.elidedText(title, Qt::ElideMiddle, room) + star);
@@ -397,12 +424,12 @@ void ProgramEditor::enableButtons()
         {"comment", any},
         {"delete", any},
         {"moveUp", any && view->selectedFirst() > 0},
-        {"moveDown", any && view->selectedFirst() + count < document.rowCount()},
+        {"moveDown", any && view->selectedFirst() + count < document->rowCount()},
         {"cut", any},
         {"copy", any},
         {"paste", !clipboard.isEmpty()},
-        {"undo", document.history().canUndo()},
-        {"redo", document.history().canRedo()},
+        {"undo", document->history().canUndo()},
+        {"redo", document->history().canRedo()},
     };
     for (const auto& [name, on] : states)
         findChild<QAbstractButton*>(QStringLiteral("button_") + QString::fromLatin1(name))
@@ -449,7 +476,7 @@ void ProgramEditor::insertAt(int row)
     if (!lines)
         return;
     const QScopedValueRollback<bool> stay(inserting, isNew);
-    document.insert(row, *lines);
+    document->insert(row, *lines);
 }
 
 void ProgramEditor::insertBefore()
@@ -461,7 +488,7 @@ void ProgramEditor::insertBefore()
 void ProgramEditor::insertAfter()
 {
     const int first = view->selectedFirst();
-    insertAt(first < 0 ? document.rowCount() : first + view->selectedCount());
+    insertAt(first < 0 ? document->rowCount() : first + view->selectedCount());
 }
 
 void ProgramEditor::replace()
@@ -472,26 +499,26 @@ void ProgramEditor::replace()
     const auto lines = offeredLines(Use::Replace);
     if (!lines)
         return;
-    document.replaceCode(row, *lines);
+    document->replaceCode(row, *lines);
     followSelection();
 }
 
 void ProgramEditor::remove()
 {
     const int first = view->selectedFirst();
-    document.remove(first, view->selectedCount());
-    view->select(qMin(first, document.rowCount() - 1));
+    document->remove(first, view->selectedCount());
+    view->select(qMin(first, document->rowCount() - 1));
     followSelection();
 }
 
 void ProgramEditor::moveUp()
 {
-    document.moveUp(view->selectedFirst(), view->selectedCount());
+    document->moveUp(view->selectedFirst(), view->selectedCount());
 }
 
 void ProgramEditor::moveDown()
 {
-    document.moveDown(view->selectedFirst(), view->selectedCount());
+    document->moveDown(view->selectedFirst(), view->selectedCount());
 }
 
 void ProgramEditor::cut()
@@ -502,38 +529,38 @@ void ProgramEditor::cut()
 
 void ProgramEditor::copy()
 {
-    clipboard = document.copy(view->selectedFirst(), view->selectedCount());
+    clipboard = document->copy(view->selectedFirst(), view->selectedCount());
     enableButtons();
 }
 
 void ProgramEditor::paste()
 {
     const int first = view->selectedFirst();
-    document.paste(first < 0 ? document.rowCount() : first + view->selectedCount(), clipboard);
+    document->paste(first < 0 ? document->rowCount() : first + view->selectedCount(), clipboard);
 }
 
 void ProgramEditor::toggleComment()
 {
-    document.toggleComment(view->selectedFirst(), view->selectedCount());
+    document->toggleComment(view->selectedFirst(), view->selectedCount());
     followSelection();
 }
 
 void ProgramEditor::undo()
 {
-    document.history().undo();
+    document->history().undo();
     followSelection();
 }
 
 void ProgramEditor::redo()
 {
-    document.history().redo();
+    document->history().redo();
     followSelection();
 }
 
 void ProgramEditor::findNext()
 {
     const QString text = searchField->text();
-    const int row = document.find(text, view->selectedFirst() + 1);
+    const int row = document->find(text, view->selectedFirst() + 1);
     if (row >= 0)
         view->select(row);
     else

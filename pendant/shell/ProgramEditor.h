@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class QAbstractButton;
@@ -19,6 +20,16 @@ namespace pendant {
 
 class ProgramView;
 
+/// What the operator has open and in hand. It outlives the editor when the window is built anew.
+struct OpenProgram
+{
+    std::shared_ptr<ProgramDocument> document = std::make_shared<ProgramDocument>();
+    QString title;
+    QByteArray clipboard;
+    int first = -1; ///< selected row; -1: none
+    int count = 0;  ///< of the selected rows
+};
+
 /// One robot program under the operator's hands: its lines, the instructions of the plugins, and
 /// the editor of the instruction that was chosen or of the line that is selected.
 class ProgramEditor : public QWidget
@@ -26,18 +37,22 @@ class ProgramEditor : public QWidget
     Q_OBJECT
 
 public:
-    explicit ProgramEditor(QWidget* parent = nullptr);
+    explicit ProgramEditor(const OpenProgram& open = {}, QWidget* parent = nullptr);
     ~ProgramEditor() override;
 
-    ProgramDocument& program() { return document; }
+    ProgramDocument& program() { return *document; }
     void load(const QString& name, const QByteArray& text);
     QString name() const { return title; }
+    /// For the editor that comes after this one, with all that is not saved.
+    OpenProgram handOver() const;
 
     /// Takes over what the plugins have registered since the last time, and the comment, which
     /// stands behind it.
     void takeInstructions();
     /// Lets everything go that came from plugins.
     void dropInstructions();
+    /// The theme sheet in which the editors of plugins stand.
+    void setPluginSheet(const QString& text);
 
 Q_SIGNALS:
     void saveClicked();
@@ -68,6 +83,7 @@ private:
     void followSelection();
     void openEditor(int instruction, const QString* line);
     void fillWith(const QString& line);
+    QWidget* ofPlugin(QWidget* content);
     void closeEditor(const QString& hint);
     void describe(int instruction);
     void showTitle();
@@ -91,10 +107,11 @@ private:
     void redo();
     void findNext();
 
-    ProgramDocument document;
+    const std::shared_ptr<ProgramDocument> document;
     InstructionCatalogue catalogue;
     QString title;
     QByteArray clipboard;
+    QString sheet; ///< of the plugins, for their editors
     int edited = -1;        ///< the instruction that the editor is for
     bool isNew = false;     ///< the editor is for a new instruction, not for the selected line
     bool inserting = false; ///< the editor stays as it is while its line goes in

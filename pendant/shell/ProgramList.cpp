@@ -134,7 +134,7 @@ void ProgramList::chooseImport()
 void ProgramList::chooseExport()
 {
     const QString file =
-        QFileDialog::getSaveFileName(this, tr("Export the program"), current() + tr(".txt"));
+        QFileDialog::getSaveFileName(this, tr("Export the program"), current() + QStringLiteral(".txt"));
     if (!file.isEmpty())
         exportFile(file);
 }

@@ -1,7 +1,6 @@
 #include "ProgramPage.h"
 
 #include "Controller.h"
-#include "ProgramEditor.h"
 #include "ProgramList.h"
 #include "QuestionPanel.h"
 
@@ -10,13 +9,13 @@
 
 namespace pendant {
 
-ProgramPage::ProgramPage(Controller& controller, QWidget* parent)
+ProgramPage::ProgramPage(Controller& controller, const ProgramWork& work, QWidget* parent)
     : QWidget(parent)
     , machine(controller)
     , question(new QuestionPanel(this))
     , stack(new QStackedWidget(this))
     , list(new ProgramList(controller, *question))
-    , editor(new ProgramEditor)
+    , editor(new ProgramEditor(work.program))
 {
     setObjectName(QStringLiteral("programPage"));
     stack->addWidget(list);
@@ -30,6 +29,14 @@ ProgramPage::ProgramPage(Controller& controller, QWidget* parent)
             [this] { leave([this] { stack->setCurrentWidget(list); }); });
     connect(list, &ProgramList::complained, this, &ProgramPage::complained);
     connect(editor, &ProgramEditor::complained, this, &ProgramPage::complained);
+    list->select(work.selected);
+    if (work.isOpen)
+        stack->setCurrentWidget(editor);
+}
+
+ProgramWork ProgramPage::handOver() const
+{
+    return {editor->handOver(), stack->currentWidget() == editor, list->current()};
 }
 
 bool ProgramPage::open(const QString& name)
@@ -88,6 +95,11 @@ void ProgramPage::leave(const std::function<void()>& goOn)
 void ProgramPage::dropPlugins()
 {
     editor->dropInstructions();
+}
+
+void ProgramPage::setPluginSheet(const QString& sheet)
+{
+    editor->setPluginSheet(sheet);
 }
 
 void ProgramPage::showEvent(QShowEvent* event)

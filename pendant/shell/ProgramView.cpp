@@ -75,16 +75,16 @@ int LineDelegate::numberWidth(const QFontMetrics& metrics) const
 
 QVector<Stretch> LineDelegate::stretches(const QString& line) const
 {
-    const QColor ink(Theme::Ink);
+    const QColor ink = Theme::colour(Theme::Ink);
     const int end = commentStart(line);
-    const Stretch remark{line.mid(end), QColor(Theme::Good)};
+    const Stretch remark{line.mid(end), Theme::colour(Theme::Good)};
     const QString code = line.left(end);
     if (catalogue.find(line) < 0)
         return {{code, ink}, remark};
     const auto isWord = [](QChar sign) { return sign.isLetterOrNumber() || sign.isSpace(); };
     const auto* const stop = std::find_if_not(code.constBegin(), code.constEnd(), isWord);
     const int length = static_cast<int>(stop - code.constBegin());
-    return {{code.left(length), QColor(Theme::Accent), true}, {code.mid(length), ink}, remark};
+    return {{code.left(length), Theme::colour(Theme::Accent), true}, {code.mid(length), ink}, remark};
 }
 
 void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -92,7 +92,7 @@ void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 {
     painter->save();
     if (option.state.testFlag(QStyle::State_Selected))
-        painter->fillRect(option.rect, QColor(Theme::Pressed));
+        painter->fillRect(option.rect, Theme::colour(Theme::Pressed));
     paintLine(painter, option, index.row());
     paintNumber(painter, option, index.row());
     painter->restore();
@@ -119,14 +119,14 @@ void LineDelegate::paintNumber(QPainter* painter, const QStyleOptionViewItem& op
 {
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     QRect place(0, option.rect.top(), numberWidth(option.fontMetrics), option.rect.height());
-    painter->fillRect(place, QColor(isSelected ? Theme::Pressed : Theme::Ground));
+    painter->fillRect(place, Theme::colour(isSelected ? Theme::Pressed : Theme::Ground));
     if (isSelected)
         painter->fillRect(QRect(place.topLeft(), QSize(Theme::px(BarWidth), place.height())),
-                          QColor(Theme::Accent));
+                          Theme::colour(Theme::Accent));
     QFont font = option.font;
     font.setBold(isSelected);
     painter->setFont(font);
-    painter->setPen(QColor(isSelected ? Theme::Ink : Theme::MutedInk));
+    painter->setPen(Theme::colour(isSelected ? Theme::Ink : Theme::MutedInk));
     painter->drawText(place.adjusted(0, 0, -Theme::px(8), 0), Qt::AlignRight | Qt::AlignVCenter,
                       QString::number(row + 1));
 }

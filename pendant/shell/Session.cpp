@@ -5,6 +5,7 @@
 #include "Options.h"
 #include "ShellBackend.h"
 #include "Theme.h"
+#include "ThemeSheet.h"
 
 #include <QApplication>
 #include <QDir>
@@ -38,23 +39,49 @@ std::unique_ptr<Session> Session::open(const Options& options, QString* error)
     if (!controller)
         return nullptr;
     Theme::fit(windowSize(options));
+    Theme::setZoom(options.zoom);
+    Theme::setShade(options.shade);
     return std::unique_ptr<Session>(new Session(std::move(controller), options));
 }
 
 Session::Session(std::unique_ptr<Controller> controller, const Options& options)
     : machine(std::move(controller))
     , backend(std::make_unique<ShellBackend>(*machine))
-    , mainWindow(std::make_unique<MainWindow>(*machine))
 {
+    // Before the window, that it is in the language at once.
+    languages.choose(options.language);
+    loader.setBeforeMaking([this](const QString& name) { languages.addPlugin(name); });
+    mainWindow = std::make_unique<MainWindow>(*machine);
     join();
     start(options);
 }
 
 Session::~Session()
 {
+    dropPlugins();
+    loader.unload();
+}
+
+// The catalogues of the plugins go before their libraries may.
+void Session::dropPlugins()
+{
     mainWindow->releaseKeys();
     mainWindow->dropPlugins();
-    loader.unload();
+    loader.drop();
+    languages.dropPlugins();
+}
+
+void Session::setLanguage(Language language)
+{
+    if (language == languages.current())
+        return;
+    dropPlugins();
+    languages.choose(language);
+    mainWindow->renew([this] {
+        loader.makeAnew();
+        backend->tellConnection();
+        dressPlugins();
+    });
 }
 
 void Session::join()
@@ -73,6 +100,18 @@ void Session::join()
             [this] { machine->setConnected(!machine->isConnected()); });
     connect(window, &MainWindow::powerClicked, machine.get(),
             [this] { machine->setPowered(!machine->isPowered()); });
+    // Not while the button is being pressed: it goes with the rest.
+    connect(
+        window, &MainWindow::languageClicked, this,
+        [this] {
+            setLanguage(language() == Language::English ? Language::Chinese : Language::English);
+        },
+        Qt::QueuedConnection);
+    connect(window, &MainWindow::themeClicked, this, [this] {
+        Theme::setShade(Theme::shade() == Theme::Shade::Light ? Theme::Shade::Dark
+                                                              : Theme::Shade::Light);
+        dressPlugins();
+    });
 }
 
 // As at the robot: the plugins are up before the connection is.
@@ -106,11 +145,21 @@ void Session::awaitTracking(const Options& options)
     });
 }
 
-void Session::showPlugins()
+void Session::dressPlugins()
 {
+    QString sheet;
     const QStringList names = loader.pluginNames();
     for (const QString& name : names)
+    {
         mainWindow->setPageTitle(name, backend->labelOf(name));
+        sheet += ThemeSheet::ofPlugin(name);
+    }
+    mainWindow->setPluginSheet(sheet);
+}
+
+void Session::showPlugins()
+{
+    dressPlugins();
     mainWindow->setReports(loader.reports());
 }
 

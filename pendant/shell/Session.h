@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Languages.h"
 #include "PluginLoader.h"
 
 #include <QObject>
@@ -32,17 +33,24 @@ public:
 
     /// Logs the user of the level in, 0 to 4.
     void logIn(int level);
+    /// The pendant in another language: the window is built and the plugins are made anew. What is
+    /// typed into a plugin's page and not saved goes; robot programs, messages and users stay.
+    void setLanguage(Language language);
+    Language language() const { return languages.current(); }
 
 private:
     Session(std::unique_ptr<Controller> controller, const Options& options);
     void join();
     void start(const Options& options);
     void awaitTracking(const Options& options);
+    void dressPlugins();
     void showPlugins();
+    void dropPlugins();
 
     std::unique_ptr<Controller> machine;
     std::unique_ptr<ShellBackend> backend;
     std::unique_ptr<MainWindow> mainWindow;
+    Languages languages; ///< goes after the plugins, whose libraries bring catalogues
     PluginLoader loader;
 };
 

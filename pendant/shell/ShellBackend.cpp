@@ -1,6 +1,7 @@
 #include "ShellBackend.h"
 
 #include "Controller.h"
+#include "Phrases.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -25,15 +26,18 @@ ShellBackend::ShellBackend(Controller& controller)
     : machine(controller)
     , before(qelplugin::setHostBackend(this))
 {
-    connect(&machine, &Controller::connectionChanged, this, [](bool up) {
-        if (up)
-            Q_EMIT qelplugin::qelPluginInterface().sigNetworkConnect();
-    });
+    connect(&machine, &Controller::connectionChanged, this, &ShellBackend::tellConnection);
 }
 
 ShellBackend::~ShellBackend()
 {
     qelplugin::setHostBackend(before);
+}
+
+void ShellBackend::tellConnection() const
+{
+    if (machine.isConnected())
+        Q_EMIT qelplugin::qelPluginInterface().sigNetworkConnect();
 }
 
 void ShellBackend::setUserLevel(int newLevel)
@@ -205,7 +209,7 @@ bool ShellBackend::addCurrentPoint(const QString& name, bool, const QString& too
     const bool isDone = machine.addCurrentPoint(kept(name), kept(tool), kept(wobj), &error);
     if (!isDone)
         Q_EMIT messageThrown(QStringLiteral("pendant"), Warning,
-                             tr("The point \"%1\" was not stored. %2").arg(name, error));
+                             tr("The point \"%1\" was not stored. %2").arg(name, phrase(error)));
     return isDone;
 }
 

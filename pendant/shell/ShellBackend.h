@@ -27,6 +27,8 @@ public:
     void setUserLevel(int level);
     /// Font zoom that plugins are told, 0.75 to 3.
     void setZoom(double zoom);
+    /// Tells the plugins that the connection is up, if it is: for those that were made since.
+    void tellConnection() const;
     /// What the plugin calls itself; its registered name while it has not said.
     QString labelOf(const QString& plugin) const;
 

@@ -4,6 +4,7 @@
 #include "LoginPanel.h"
 #include "Theme.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -47,6 +48,11 @@ TopBar::TopBar(QWidget* parent)
     row->addWidget(indicators->parentWidget());
     row->addSpacing(gap);
     user = addButton("button_user", tr("User"));
+    // Each language by its own name: who cannot read the one has to find the other.
+    QPushButton* language = addSwitch("button_language", QStringLiteral("EN / 中文"), tr("Language"));
+    QPushButton* theme = addSwitch("button_theme", QStringLiteral("◐"), tr("Light or dark"));
+    connect(language, &QPushButton::clicked, this, &TopBar::languageClicked);
+    connect(theme, &QPushButton::clicked, this, &TopBar::themeClicked);
     connect(connection, &LampButton::clicked, this, &TopBar::connectionClicked);
     connect(power, &LampButton::clicked, this, &TopBar::powerClicked);
     connect(user, &LampButton::clicked, this, &TopBar::userClicked);
@@ -64,16 +70,43 @@ LampButton* TopBar::addButton(const char* name, const QString& caption)
     return button;
 }
 
+QPushButton* TopBar::addSwitch(const char* name, const QString& caption, const QString& hint)
+{
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setToolTip(hint);
+    button->setAccessibleName(hint);
+    button->setProperty("narrow", true);
+    Theme::dress(button);
+    row->addWidget(button);
+    return button;
+}
+
+void TopBar::paintLamps()
+{
+    connection->setLamp(Theme::colour(isConnected ? Theme::Good : Theme::Bad));
+    power->setLamp(Theme::colour(isPowered ? Theme::Warning : Theme::Off));
+}
+
+void TopBar::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (Theme::isChange(*event))
+        paintLamps();
+}
+
 void TopBar::showConnection(bool up)
 {
+    isConnected = up;
     connection->setValue(up ? tr("Connected") : tr("No connection"));
-    connection->setLamp(QColor(up ? Theme::Good : Theme::Bad));
+    paintLamps();
 }
 
 void TopBar::showPower(bool on)
 {
+    isPowered = on;
     power->setValue(on ? tr("Powered") : tr("Power off"));
-    power->setLamp(QColor(on ? Theme::Warning : Theme::Off));
+    paintLamps();
 }
 
 void TopBar::showUser(int level)

@@ -34,9 +34,19 @@ Q_SIGNALS:
     void powerClicked();
     void userClicked();
     void programToggled(bool on);
+    void languageClicked();
+    void themeClicked();
+
+protected:
+    void changeEvent(QEvent* event) override;
 
 private:
     LampButton* addButton(const char* name, const QString& caption);
+    QPushButton* addSwitch(const char* name, const QString& caption, const QString& hint);
+    void paintLamps();
+
+    bool isConnected = false;
+    bool isPowered = false;
 
     QHBoxLayout* row;
     QHBoxLayout* indicators;

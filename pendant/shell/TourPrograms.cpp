@@ -21,8 +21,8 @@ namespace {
 
 constexpr const char* Program = "tour";
 constexpr const char* Group = "Laser Weld Ins";
-constexpr const char* Description = "Linear welding motion instruction\n\n"
-                                    "LsMoveL(Pos, Speed, Zone, Tool, Wobj);";
+constexpr const char* Description = "Linear welding motion instruction";
+constexpr const char* Signature = "LsMoveL(Pos, Speed, Zone, Tool, Wobj);";
 constexpr int Wire = 2; // the row that is commented, moved and deleted
 
 /// What is done to a widget of an editor: the entry of a list is chosen, text goes into a field,
@@ -76,6 +76,18 @@ const Line Lines[] = {
      "LsMoveCF(ring1, ring2, 360, \"ConstPose\", v20, fine, laser_torch, wobj0);",
      {{"sbxRunDeg", "390"}, {"cbxRotType", "FixedAxis"}},
      "LsMoveCF(ring1, ring2, 390, \"FixedAxis\", v20, fine, laser_torch, wobj0);"},
+    {"LsMoveC",
+     {{"wgtAuxPoint/cbxPoint", "p2"}, {"wgtTargetPoint/cbxPoint", "p3"}},
+     "LsMoveC(p2, p3, NULL, fine, laser_torch, wobj0);",
+     {{"wgtTargetPoint/cbxPoint", "p4"}},
+     "LsMoveC(p2, p4, NULL, fine, laser_torch, wobj0);"},
+    {"LsParaSet", {}, "LsParaSet(\"LsData1\");", {}, "LsParaSet(\"LsData1\");"},
+    {"LsParaMatchOff", {}, "LsParaMatchOff();", {}, "LsParaMatchOff();"},
+    {"LsWireBwd",
+     {{"input_1", "20"}, {"input_2", "500"}},
+     "LsWireBwd(20, 500);",
+     {{"input_1", "25"}},
+     "LsWireBwd(25, 500);"},
     {"LaserOff", {}, "LaserOff();", {}, "LaserOff();"},
 };
 
@@ -115,8 +127,9 @@ bool touch(TourStage& stage, const Touch& touch)
     if (qobject_cast<QAbstractButton*>(widget))
         return stage.hand().click(widget);
     auto* box = qobject_cast<QComboBox*>(widget);
+    // An entry may be a word of the editor, a name otherwise.
     if (box && !box->isEditable())
-        return stage.hand().choose(box, latin(touch.value));
+        return stage.hand().choose(box, shown("qelplugin::RLLaserOnInsertWidget", touch.value));
     return stage.hand().enter(widget, latin(touch.value));
 }
 
@@ -183,14 +196,16 @@ bool openNewProgram(TourStage& stage)
 bool pickInstruction(TourStage& stage, const char* key)
 {
     return stage.hand().choose(qobject_cast<QComboBox*>(stage.widget(latin("box_group"))),
-                               latin(Group)) &&
+                               shown("RlLaserWeldDefine", Group)) &&
            clickEntry(stage, "list_instructions", latin(key));
 }
 
 bool readDescription(TourStage& stage)
 {
+    const QString description =
+        shown("RlLaserWeldDefine", Description) + latin("\n\n") + latin(Signature);
     return pickInstruction(stage, Lines[0].key) &&
-           stage.expect(labelText(stage, "label_description") == latin(Description),
+           stage.expect(labelText(stage, "label_description") == description,
                         latin("the description is not that of the instruction"));
 }
 
@@ -304,7 +319,8 @@ bool findAgain(TourStage& stage)
 
 bool expectRefused(TourStage& stage, const char* text)
 {
-    return stage.expectMessage(TourStage::Warning, latin(text)) && expectLines(stage, finalLines());
+    return stage.expectMessage(TourStage::Warning,
+                               shown("pendant::ProgramEditor", text).arg(latin(Lines[0].key))) && expectLines(stage, finalLines());
 }
 
 bool refuseInsert(TourStage& stage)
@@ -313,8 +329,8 @@ bool refuseInsert(TourStage& stage)
     return stage.logIn(TourStage::TooLow) && pickInstruction(stage, Lines[0].key) &&
            touchAll(stage, {{"cbxPoint", "never"}}) &&
            stage.clickName(latin("button_insertAfter")) &&
-           expectRefused(stage, "Inserting \"LsMoveL\" was refused. Check what is filled in and "
-                                "who is logged in.") &&
+           expectRefused(stage, "Inserting \"%1\" was refused. Check what is filled in and who is "
+                                "logged in.") &&
            stage.expect(stage.controller().pointNames() == before,
                         latin("the controller has a new point"));
 }
@@ -323,8 +339,8 @@ bool refuseReplace(TourStage& stage)
 {
     return clickRow(stage, "programView", 0) && touchAll(stage, {{"cbxSpeed", "v5"}}) &&
            stage.clickName(latin("button_replace")) &&
-           expectRefused(stage, "Replacing by \"LsMoveL\" was refused. Check what is filled in and "
-                                "who is logged in.");
+           expectRefused(stage, "Replacing by \"%1\" was refused. Check what is filled in and who is "
+                                "logged in.");
 }
 
 bool askToDelete(TourStage& stage)

@@ -5,11 +5,26 @@
 #include "Session.h"
 
 #include <QAbstractAnimation>
+#include <QCoreApplication>
 #include <QPixmap>
 
 #include <algorithm>
 
 namespace pendant {
+
+QString shown(const char* context, const char* text)
+{
+    return QCoreApplication::translate(context, text);
+}
+
+namespace {
+
+QString keyName(const char* label)
+{
+    return QStringLiteral("key_") + shown("qelplugin::qelLaserWelding", label);
+}
+
+} // namespace
 
 // The story begins with nobody logged in and the connection up.
 TourStage::TourStage(const Options& tourOptions)
@@ -128,22 +143,22 @@ bool TourStage::clickName(const QString& name)
     return atWork->click(widget(name));
 }
 
-bool TourStage::clickTool(const QString& text)
+bool TourStage::clickTool(const char* text)
 {
     markMessages();
-    return atWork->click(atWork->findTool(text));
+    return atWork->click(atWork->findTool(shown("LaserWeldPage", text)));
 }
 
-bool TourStage::pressKey(const QString& label)
+bool TourStage::pressKey(const char* label)
 {
     markMessages();
-    return atWork->press(widget(QStringLiteral("key_") + label));
+    return atWork->press(widget(keyName(label)));
 }
 
-bool TourStage::releaseKey(const QString& label)
+bool TourStage::releaseKey(const char* label)
 {
     markMessages();
-    return atWork->release(widget(QStringLiteral("key_") + label));
+    return atWork->release(widget(keyName(label)));
 }
 
 bool TourStage::expectMessage(int level, const QString& text)

@@ -22,6 +22,9 @@ inline QString latin(const char* text)
     return QString::fromLatin1(text);
 }
 
+/// What the operator reads for a text of a plugin or of the shell, in the language in force.
+QString shown(const char* context, const char* text);
+
 /// A pendant with a hand at it: what the steps of the tour are made of. Whatever returns a bool
 /// tells whether it went as it should; if not, trouble() says why.
 class TourStage
@@ -47,6 +50,7 @@ public:
 
     // Of the open pendant.
     MainWindow& window() const;
+    Session& pendant() const { return *session; }
     Controller& controller() const;
     Hand& hand() { return *atWork; }
     QString cellFile() const { return options.cellFile; }
@@ -62,9 +66,10 @@ public:
     QWidget* widget(const QString& name);
     bool logIn(int level);
     bool clickName(const QString& name);
-    bool clickTool(const QString& text);
-    bool pressKey(const QString& label);
-    bool releaseKey(const QString& label);
+    // Of the plugin, by what it is called in English.
+    bool clickTool(const char* text);
+    bool pressKey(const char* label);
+    bool releaseKey(const char* label);
 
     /// The newest message.
     bool expectMessage(int level, const QString& text);

@@ -21,16 +21,20 @@ namespace pendant {
 
 namespace {
 
+// Contexts of the pages' texts.
+constexpr const char* DataPage = "WeldParameterPage";
+constexpr const char* CurvePage = "CharacteristicsCurvePage";
+
 constexpr const char* Saved = "Saved successfully";
 constexpr const char* Schedule = "LsData7";
 constexpr const char* Matching = "PowerData2";
 constexpr const char* NothingSelected = "Please select a row of data in the table first";
 constexpr const char* EqualSpeeds =
-    "Speed parameter validation failed between row 1 and row 2. Row 1 value must be less than row "
-    "2.";
+    "Speed parameter validation failed between row %1 and row %2. Row %1 value must be less than "
+    "row %2.";
 constexpr const char* EqualPowers =
-    "Power parameter validation failed between row 2 and row 3. Row 2 value must be less than row "
-    "3.";
+    "Power parameter validation failed between row %1 and row %2. Row %1 value must be less than "
+    "row %2.";
 
 // Tabs, by what they show.
 constexpr const char* Schedules = "Process schedule";
@@ -96,10 +100,10 @@ QTableWidget* table(TourStage& stage, const char* name)
     return qobject_cast<QTableWidget*>(stage.widget(latin(name)));
 }
 
-bool openTab(TourStage& stage, const char* tabs, const char* tab)
+bool openTab(TourStage& stage, const char* tabs, const QString& tab)
 {
     const QString bar = latin(tabs) + latin("/qt_tabwidget_tabbar");
-    return stage.hand().click(qobject_cast<QTabBar*>(stage.widget(bar)), latin(tab));
+    return stage.hand().click(qobject_cast<QTabBar*>(stage.widget(bar)), tab);
 }
 
 bool enter(TourStage& stage, QWidget* field, int number)
@@ -135,16 +139,16 @@ bool expectHeld(TourStage& stage, const Entry (&entries)[Count])
 
 bool expectText(TourStage& stage, const char* widget, const char* text)
 {
-    const QWidget* shown = stage.widget(latin(widget));
-    return shown && stage.expect(shown->property("text").toString() == latin(text),
+    const QWidget* there = stage.widget(latin(widget));
+    return there && stage.expect(there->property("text").toString() == latin(text),
                                  QStringLiteral("\"%1\" shows \"%2\"")
-                                     .arg(latin(widget), shown->property("text").toString()));
+                                     .arg(latin(widget), there->property("text").toString()));
 }
 
 bool expectVisible(TourStage& stage, const char* name, bool visible)
 {
-    const QWidget* shown = stage.widget(latin(name));
-    return shown && stage.expect(shown->isVisible() == visible,
+    const QWidget* there = stage.widget(latin(name));
+    return there && stage.expect(there->isVisible() == visible,
                                  QStringLiteral("\"%1\" is %2")
                                      .arg(latin(name), latin(visible ? "hidden" : "visible")));
 }
@@ -169,9 +173,9 @@ bool selectRow(TourStage& stage, const char* list, int row)
     return rows && stage.hand().click(rows, rows->model()->index(row, 1));
 }
 
-bool press(TourStage& stage, const char* button, int level, const char* message)
+bool press(TourStage& stage, const char* button, int level, const QString& message)
 {
-    return stage.clickName(latin(button)) && stage.expectMessage(level, latin(message));
+    return stage.clickName(latin(button)) && stage.expectMessage(level, message);
 }
 
 // A switch is on when the row below it is on show.
@@ -192,8 +196,8 @@ bool openData(TourStage& stage)
     const auto number = [&](const char* key) {
         return QString::number(first.value(latin(key)).toInt());
     };
-    return stage.logIn(TourStage::OperatorLevel) && stage.clickTool(latin("Weld Data")) &&
-           openTab(stage, "tabWidget", Schedules) &&
+    return stage.logIn(TourStage::OperatorLevel) && stage.clickTool("Weld Data") &&
+           openTab(stage, "tabWidget", shown(DataPage, Schedules)) &&
            expectCells(stage, "tableWidget", 0,
                        {number("welding_speed"), number("laser_power_weld"),
                         number("feeding_speed_run"), first.value(latin("Tips")).toString()});
@@ -201,7 +205,7 @@ bool openData(TourStage& stage)
 
 bool openNothing(TourStage& stage)
 {
-    return press(stage, "pushButton_Config", TourStage::Warning, NothingSelected) &&
+    return press(stage, "pushButton_Config", TourStage::Warning, shown(DataPage, NothingSelected)) &&
            expectVisible(stage, "tableWidget", true);
 }
 
@@ -213,24 +217,24 @@ bool openSchedule(TourStage& stage)
 
 bool feedWire(TourStage& stage)
 {
-    return openTab(stage, "tabWidget_config", Starting) &&
+    return openTab(stage, "tabWidget_config", shown(DataPage, Starting)) &&
            turnOn(stage, "pushButton_wire_feed_enable_start",
                   "doubleSpinBox_feeding_speed_start") &&
            enterAll(stage, StartWire) &&
            stage.hand().choose(
                qobject_cast<QComboBox*>(stage.widget(latin("comboBox_wire_mode_start"))),
-               latin("Delay"));
+               shown(DataPage, "Delay"));
 }
 
 bool setSeam(TourStage& stage)
 {
-    return openTab(stage, "tabWidget_config", Welding) && enterAll(stage, Seam) &&
+    return openTab(stage, "tabWidget_config", shown(DataPage, Welding)) && enterAll(stage, Seam) &&
            stage.hand().enter(stage.widget(latin("frame_config_header/lineEdit")), latin(Comment));
 }
 
 bool endFollows(TourStage& stage)
 {
-    return openTab(stage, "tabWidget_config", Ending) &&
+    return openTab(stage, "tabWidget_config", shown(DataPage, Ending)) &&
            expectVisible(stage, "doubleSpinBox_wire_speed_end", true) &&
            expectVisible(stage, "pushButton_wire_stick_enable_end", true) &&
            expectVisible(stage, "frame_19", true);
@@ -250,7 +254,7 @@ bool setCompensation(TourStage& stage)
 
 bool saveSchedule(TourStage& stage)
 {
-    return press(stage, "pushButton_save", TourStage::Information, Saved) &&
+    return press(stage, "pushButton_save", TourStage::Information, shown(DataPage, Saved)) &&
            expectHeld(stage, StartWire) && expectHeld(stage, Seam) &&
            expectHeld(stage, Retraction) && expectHeld(stage, Compensation);
 }
@@ -290,7 +294,7 @@ bool enterMatching(TourStage& stage)
 
 bool openMatching(TourStage& stage)
 {
-    return openTab(stage, "tabWidget", MatchingTab) && selectRow(stage, "tableWidget_2", 1) &&
+    return openTab(stage, "tabWidget", shown(DataPage, MatchingTab)) && selectRow(stage, "tableWidget_2", 1) &&
            stage.clickName(latin("pushButton_Config")) &&
            expectText(stage, "label_ProcessID", Matching) && enterMatching(stage);
 }
@@ -298,13 +302,13 @@ bool openMatching(TourStage& stage)
 bool refusePowers(TourStage& stage)
 {
     return enterCell(stage, 2, 1, MatchingRows[1][1]) &&
-           press(stage, "pushButton_save", TourStage::Warning, EqualPowers);
+           press(stage, "pushButton_save", TourStage::Warning, shown(DataPage, EqualPowers).arg(2).arg(3));
 }
 
 bool refuseSpeeds(TourStage& stage)
 {
     return enterCell(stage, 1, 0, MatchingRows[0][0]) &&
-           press(stage, "pushButton_save", TourStage::Warning, EqualSpeeds);
+           press(stage, "pushButton_save", TourStage::Warning, shown(DataPage, EqualSpeeds).arg(1).arg(2));
 }
 
 QJsonArray matchingTable()
@@ -318,7 +322,7 @@ QJsonArray matchingTable()
 bool saveMatching(TourStage& stage)
 {
     const QString record = latin("weld_param_match.") + latin(Matching);
-    return enterMatching(stage) && press(stage, "pushButton_save", TourStage::Information, Saved) &&
+    return enterMatching(stage) && press(stage, "pushButton_save", TourStage::Information, shown(DataPage, Saved)) &&
            stage.expect(stage.record(record + latin(".power_data")) == matchingTable(),
                         latin("the controller does not hold the matching record"));
 }
@@ -328,24 +332,24 @@ bool readMatchingList(TourStage& stage)
     return stage.clickName(latin("pushButton_back")) &&
            expectCells(stage, "tableWidget_2", 1,
                        {latin("64"), latin("2900"), latin("1000"), latin("90")}) &&
-           openTab(stage, "tabWidget", Schedules);
+           openTab(stage, "tabWidget", shown(DataPage, Schedules));
 }
 
 // ---------------------------------------------------------------- curves
 
 bool turnFrequency(TourStage& stage)
 {
-    return stage.clickTool(latin("Weld I/O")) && openTab(stage, "tabWidget_io", "I/O output") &&
+    return stage.clickTool("Weld I/O") && openTab(stage, "tabWidget_io", shown("WeldioPage", "I/O output")) &&
            stage.clickName(latin("pushButton_frequency_enabled")) &&
-           press(stage, "pushButton_Save", TourStage::Information, Saved) &&
-           stage.clickTool(latin("Char. Curve"));
+           press(stage, "pushButton_Save", TourStage::Information, shown("WeldioPage", Saved)) &&
+           stage.clickTool("Char. Curve");
 }
 
 bool expectTab(TourStage& stage, const char* tab, const char* name, const QString& header)
 {
     const QTableWidget* nodes = table(stage, name);
-    const bool isMapped = header != latin("Not configured");
-    return openTab(stage, "tabWidget", tab) && nodes &&
+    const bool isMapped = header != shown(CurvePage, "Not configured");
+    return openTab(stage, "tabWidget", shown(CurvePage, tab)) && nodes &&
            stage.expect(nodes->isEnabled() == isMapped,
                         QStringLiteral("the tab \"%1\" is %2")
                             .arg(latin(tab), latin(isMapped ? "locked" : "free"))) &&
@@ -366,7 +370,7 @@ bool tabsFollowMapping(TourStage& stage)
                      portOf(stage, "wire_speed")) &&
            expectTab(stage, "PWM Duty Cycle", "tableWidget_dutycycle",
                      portOf(stage, "duty_cycle")) &&
-           expectTab(stage, FrequencyTab, "tableWidget_frequency", latin("Not configured"));
+           expectTab(stage, FrequencyTab, "tableWidget_frequency", shown(CurvePage, "Not configured"));
 }
 
 bool mappedAgain(TourStage& stage)
@@ -415,14 +419,14 @@ bool chooseNumber(TourStage& stage, int nodes)
 
 bool measure(TourStage& stage)
 {
-    return openTab(stage, "tabWidget", PowerTab) && chooseNumber(stage, MeasuredCount) &&
+    return openTab(stage, "tabWidget", shown(CurvePage, PowerTab)) && chooseNumber(stage, MeasuredCount) &&
            enterNodes(stage);
 }
 
 QImage pictureOf(TourStage& stage, const char* name)
 {
-    QWidget* shown = stage.widget(latin(name));
-    return shown ? shown->grab().toImage() : QImage();
+    QWidget* there = stage.widget(latin(name));
+    return there ? there->grab().toImage() : QImage();
 }
 
 bool compute(TourStage& stage)
@@ -433,11 +437,18 @@ bool compute(TourStage& stage)
                         latin("the chart shows nothing new"));
 }
 
+QString notRising(int row)
+{
+    return shown(CurvePage, "The data in line %1 must be greater than the data in row %2!")
+        .arg(row)
+        .arg(row - 1);
+}
+
 bool refuseNodes(TourStage& stage)
 {
     return enterOutput(stage, 2, Measured[1].output) &&
            press(stage, "pushButton_Save_laserpower", TourStage::Warning,
-                 "The data in line 3 must be greater than the data in row 2!");
+                 notRising(3));
 }
 
 bool saveCurve(TourStage& stage)
@@ -446,7 +457,8 @@ bool saveCurve(TourStage& stage)
     for (const MeasuredNode& each : Measured)
         nodes.append(QJsonArray{each.output, each.power});
     return enterOutput(stage, 2, Measured[2].output) &&
-           press(stage, "pushButton_Save_laserpower", TourStage::Information, Saved) &&
+           press(stage, "pushButton_Save_laserpower", TourStage::Information,
+                 shown(CurvePage, Saved)) &&
            stage.expect(stage.record(latin("weld_curve_config.power_nodes_data")) == nodes,
                         latin("the controller does not hold the nodes"));
 }
@@ -455,12 +467,12 @@ bool changeNumber(TourStage& stage)
 {
     return chooseNumber(stage, 7) &&
            press(stage, "pushButton_compute", TourStage::Warning,
-                 "The data in line 2 must be greater than the data in row 1!");
+                 notRising(2));
 }
 
 bool cancelCurve(TourStage& stage)
 {
-    return press(stage, "pushButton_cancel", TourStage::Information, "Cancel successful") &&
+    return press(stage, "pushButton_cancel", TourStage::Information, shown(CurvePage, "Cancel successful")) &&
            stage.expect(table(stage, PowerTable)->rowCount() == MeasuredCount &&
                             nodeField(stage, 2, 1)->property("value") == Measured[2].output,
                         latin("the table does not show what was saved"));
@@ -511,7 +523,7 @@ bool trackingComesLate(TourStage& stage)
     return stage.openAgain(3) && stage.logIn(TourStage::OperatorLevel) &&
            stage.expect(Hand::waitFor(isTime, Patience),
                         latin("the page does not look for the other plugin")) &&
-           stage.clickTool(latin("Laser Tracking")) &&
+           stage.clickTool("Laser Tracking") &&
            stage.expect(Hand::waitFor(
                             [&] {
                                 const auto* seam =
@@ -540,14 +552,14 @@ bool trackingNeverComes(TourStage& stage)
     const QWidget* page = stage.widget(latin("LaserTrackingPage"));
     return stage.expect(attempts == Attempts,
                         QStringLiteral("the log holds %1 attempts").arg(attempts)) &&
-           stage.clickTool(latin("Laser Tracking")) && page &&
+           stage.clickTool("Laser Tracking") && page &&
            stage.expect(page->isVisible() && isBlank(*page), latin("the page is not blank"));
 }
 
 bool trackingIsThere(TourStage& stage)
 {
     return stage.openAgain(0) && stage.logIn(TourStage::OperatorLevel) &&
-           stage.clickTool(latin("Laser Tracking")) && expectVisible(stage, "seamTracking", true);
+           stage.clickTool("Laser Tracking") && expectVisible(stage, "seamTracking", true);
 }
 
 } // namespace

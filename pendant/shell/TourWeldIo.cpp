@@ -15,13 +15,10 @@ namespace pendant {
 
 namespace {
 
+constexpr const char* Page = "WeldioPage"; // context of its texts
 constexpr const char* Record = "weld_io_config";
 constexpr const char* OutputTab = "I/O output";
 constexpr const char* InputTab = "I/O Input";
-constexpr const char* LostRegister =
-    "Signal Duty: register \"R150\" is invalid or has wrong read/write permission, expected "
-    "writable register.";
-constexpr const char* DoubleUse = "Port DO9 is already in use, save failed!";
 constexpr const char* Gap = "There is an empty port. Please check and reconfigure!";
 constexpr const char* Saved = "Saved successfully";
 
@@ -71,7 +68,7 @@ QComboBox* portBox(TourStage& stage, const QString& key)
 bool openTab(TourStage& stage, const char* tab)
 {
     auto* bar = qobject_cast<QTabBar*>(stage.widget(latin("tabWidget_io/qt_tabwidget_tabbar")));
-    return stage.hand().click(bar, latin(tab));
+    return stage.hand().click(bar, shown(Page, tab));
 }
 
 // The boxes of a row are free while it is switched on.
@@ -134,9 +131,21 @@ bool expectHeld(TourStage& stage, const Target (&targets)[Count])
                           .arg(latin(wrong->key)));
 }
 
-bool pressSave(TourStage& stage, int level, const char* message)
+bool pressSave(TourStage& stage, int level, const QString& message)
 {
-    return stage.clickName(latin("pushButton_Save")) && stage.expectMessage(level, latin(message));
+    return stage.clickName(latin("pushButton_Save")) && stage.expectMessage(level, message);
+}
+
+QString lostRegister()
+{
+    return shown(Page, "Signal %1: register \"%2\" is invalid or has wrong read/write permission, "
+                       "expected %3.")
+        .arg(shown(Page, "Duty"), latin("R150"), shown(Page, "writable register"));
+}
+
+QString doubleUse()
+{
+    return shown(Page, "Port %1 is already in use, save failed!").arg(latin("DO9"));
 }
 
 bool turnFault(TourStage& stage, const char* name)
@@ -154,7 +163,7 @@ bool turnFault(TourStage& stage, const char* name)
 
 bool showPage(TourStage& stage)
 {
-    return stage.clickTool(latin("Weld I/O"));
+    return stage.clickTool("Weld I/O");
 }
 
 bool openPage(TourStage& stage)
@@ -186,51 +195,51 @@ bool toldOfRegister(TourStage& stage)
 {
     return openTab(stage, OutputTab) && choosePort(stage, "wire_feed", "DO9") &&
            choosePort(stage, "process_job", "") && turnFault(stage, "register-metadata") &&
-           pressSave(stage, TourStage::Error, LostRegister);
+           pressSave(stage, TourStage::Error, lostRegister());
 }
 
 bool toldOfDoubleUse(TourStage& stage)
 {
-    return turnFault(stage, "register-metadata") && pressSave(stage, TourStage::Error, DoubleUse);
+    return turnFault(stage, "register-metadata") && pressSave(stage, TourStage::Error, doubleUse());
 }
 
 bool toldOfGap(TourStage& stage)
 {
-    return choosePort(stage, "wire_feed", "DO11") && pressSave(stage, TourStage::Error, Gap);
+    return choosePort(stage, "wire_feed", "DO11") && pressSave(stage, TourStage::Error, shown(Page, Gap));
 }
 
 bool saveMapping(TourStage& stage)
 {
     return choosePort(stage, "process_job", "GO5") &&
-           pressSave(stage, TourStage::Information, Saved) && expectHeld(stage, Outputs) &&
+           pressSave(stage, TourStage::Information, shown(Page, Saved)) && expectHeld(stage, Outputs) &&
            expectHeld(stage, Inputs);
 }
 
 bool expectPort(TourStage& stage, const char* key, const char* port)
 {
-    const QComboBox* shown = portBox(stage, latin(key));
-    return shown && stage.expect(shown->currentText() == latin(port),
+    const QComboBox* box = portBox(stage, latin(key));
+    return box && stage.expect(box->currentText() == latin(port),
                                  QStringLiteral("\"%1\" shows the port \"%2\"")
-                                     .arg(latin(key), shown->currentText()));
+                                     .arg(latin(key), box->currentText()));
 }
 
 bool portGoes(TourStage& stage)
 {
-    return turnFault(stage, "port-gone") && stage.clickTool(latin("Weld Setup")) &&
+    return turnFault(stage, "port-gone") && stage.clickTool("Weld Setup") &&
            showPage(stage) && openTab(stage, InputTab) &&
-           expectPort(stage, "wire_feeder_alarm", "") && pressSave(stage, TourStage::Error, Gap);
+           expectPort(stage, "wire_feeder_alarm", "") && pressSave(stage, TourStage::Error, shown(Page, Gap));
 }
 
 bool portComesBack(TourStage& stage)
 {
     return turnFault(stage, "port-gone") && stage.clickName(latin("pushButton_Cancel")) &&
-           stage.expectMessage(TourStage::Information, latin("Cancel successful")) &&
+           stage.expectMessage(TourStage::Information, shown(Page, "Cancel successful")) &&
            expectPort(stage, "wire_feeder_alarm", "DI1");
 }
 
 bool turnMainSwitch(TourStage& stage)
 {
-    return stage.clickTool(latin("Weld Setup")) && stage.clickName(latin("pushButton_main_enable"));
+    return stage.clickTool("Weld Setup") && stage.clickName(latin("pushButton_main_enable"));
 }
 
 bool lockedWhileOn(TourStage& stage)
@@ -257,8 +266,13 @@ double valueOf(TourStage& stage, const char* key)
     return found != all.end() ? found->value : -1;
 }
 
+QString onOff(const char* text)
+{
+    return shown("pendant::IoMonitor", text);
+}
+
 /// At the controller and in the monitor, which is open.
-bool expectOutput(TourStage& stage, const char* key, double value, const char* shown)
+bool expectOutput(TourStage& stage, const char* key, double value, const QString& text)
 {
     const auto* table = qobject_cast<QTableWidget*>(stage.widget(latin("table_outputs")));
     int row = 0;
@@ -266,7 +280,7 @@ bool expectOutput(TourStage& stage, const char* key, double value, const char* s
         ++row;
     return table && stage.expect(Hand::waitFor([&] {
                                      return valueOf(stage, key) == value &&
-                                            table->item(row, 2)->text() == latin(shown);
+                                            table->item(row, 2)->text() == text;
                                  }),
                                  QStringLiteral("the output \"%1\" is %2 and shows \"%3\"")
                                      .arg(latin(key))
@@ -276,32 +290,32 @@ bool expectOutput(TourStage& stage, const char* key, double value, const char* s
 
 bool watchLaser(TourStage& stage)
 {
-    return stage.clickName(latin("button_io")) && expectOutput(stage, "laser_enable", 1, "On");
+    return stage.clickName(latin("button_io")) && expectOutput(stage, "laser_enable", 1, onOff("On"));
 }
 
 bool watchGas(TourStage& stage)
 {
-    return stage.pressKey(latin("ProtectGas")) && expectOutput(stage, "gas_protect", 1, "On");
+    return stage.pressKey("ProtectGas") && expectOutput(stage, "gas_protect", 1, onOff("On"));
 }
 
 // Without a signal of its own for the hand, the feeder is given its speed and its start.
 bool watchWire(TourStage& stage)
 {
     const double speed = stage.record(latin("weld_setting_config.manual_feed_speed")).toDouble();
-    return stage.releaseKey(latin("ProtectGas")) && stage.pressKey(latin("Wiring")) &&
-           expectOutput(stage, "wire_feed", 1, "On") &&
-           expectOutput(stage, "wire_speed", speed, QString::number(speed).toLatin1().constData());
+    return stage.releaseKey("ProtectGas") && stage.pressKey("Wiring") &&
+           expectOutput(stage, "wire_feed", 1, onOff("On")) &&
+           expectOutput(stage, "wire_speed", speed, QString::number(speed));
 }
 
 bool watchRetract(TourStage& stage)
 {
-    return stage.releaseKey(latin("Wiring")) && expectOutput(stage, "wire_feed", 0, "Off") &&
-           stage.pressKey(latin("Retract Wire")) && expectOutput(stage, "manual_retract", 1, "On");
+    return stage.releaseKey("Wiring") && expectOutput(stage, "wire_feed", 0, onOff("Off")) &&
+           stage.pressKey("Retract Wire") && expectOutput(stage, "manual_retract", 1, onOff("On"));
 }
 
 bool setInputs(TourStage& stage)
 {
-    return stage.releaseKey(latin("Retract Wire")) && stage.clickName(latin("button_inputs")) &&
+    return stage.releaseKey("Retract Wire") && stage.clickName(latin("button_inputs")) &&
            stage.hand().enter(stage.widget(latin("input_wire_speed_feedback")), latin("12.5\n")) &&
            stage.clickName(latin("input_light_feedback")) &&
            stage.expect(valueOf(stage, "wire_speed_feedback") == 12.5,
@@ -316,7 +330,8 @@ bool freeAgain(TourStage& stage)
            stage.clickName(latin("button_outputs")) &&
            stage.clickName(latin("button_closeDrawer")) && turnMainSwitch(stage) &&
            stage.clickName(latin("pushButton_save")) &&
-           stage.expectMessage(TourStage::Information, latin(Saved)) && showPage(stage) &&
+           stage.expectMessage(TourStage::Information, shown("WeldSettingPage", Saved)) &&
+           showPage(stage) &&
            stage.expect(portBox(stage, latin("laser_enable"))->isEnabled(),
                         latin("the page is still locked"));
 }

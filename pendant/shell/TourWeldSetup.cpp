@@ -11,6 +11,10 @@ namespace {
 
 constexpr int NewPower = 2650; // watts; no cell starts with it
 
+// Contexts of the plugin's texts.
+constexpr const char* Plugin = "qelplugin::qelLaserWelding";
+constexpr const char* SettingPage = "WeldSettingPage";
+
 constexpr const char* MainSwitch = "pushButton_main_enable";
 constexpr const char* PowerField = "spinBox_laser_power";
 constexpr const char* Setting = "weld_setting_config";
@@ -28,14 +32,14 @@ QJsonValue setting(const TourStage& stage, const char* key)
 // An empty text stands for no message.
 bool expectOutcome(TourStage& stage, int level, const char* text)
 {
-    return *text ? stage.expectMessage(level, latin(text)) : stage.expectNoMessage();
+    return *text ? stage.expectMessage(level, shown(Plugin, text)) : stage.expectNoMessage();
 }
 
 bool workKey(TourStage& stage, const char* label, int level, const char* onPress,
              const char* onRelease)
 {
-    return stage.pressKey(latin(label)) && expectOutcome(stage, level, onPress) &&
-           stage.releaseKey(latin(label)) && expectOutcome(stage, level, onRelease);
+    return stage.pressKey(label) && expectOutcome(stage, level, onPress) &&
+           stage.releaseKey(label) && expectOutcome(stage, level, onRelease);
 }
 
 bool expectPage(TourStage& stage, bool editable)
@@ -71,12 +75,12 @@ bool expectVirtual(TourStage& stage, bool on)
 bool expectSaved(TourStage& stage)
 {
     return stage.clickName(latin("pushButton_save")) &&
-           stage.expectMessage(TourStage::Information, latin("Saved successfully"));
+           stage.expectMessage(TourStage::Information, shown(SettingPage, "Saved successfully"));
 }
 
 bool showSetup(TourStage& stage)
 {
-    return stage.clickTool(latin("Weld Setup")) &&
+    return stage.clickTool("Weld Setup") &&
            expectPower(stage, setting(stage, "laser_power").toInt());
 }
 
@@ -97,7 +101,7 @@ bool startAgain(TourStage& stage)
 {
     stage.close();
     return stage.open() && stage.logIn(TourStage::OperatorLevel) &&
-           stage.clickTool(latin("Weld Setup")) && expectPower(stage, NewPower);
+           stage.clickTool("Weld Setup") && expectPower(stage, NewPower);
 }
 
 bool switchOn(TourStage& stage)
@@ -119,7 +123,7 @@ bool switchOff(TourStage& stage)
 bool refusedWhilePowered(TourStage& stage)
 {
     return stage.clickName(latin("button_power")) && stage.clickName(latin(MainSwitch)) &&
-           stage.expectMessage(TourStage::Error, latin("Do not modify while powered on!")) &&
+           stage.expectMessage(TourStage::Error, shown(SettingPage, "Do not modify while powered on!")) &&
            expectPage(stage, true);
 }
 
@@ -202,13 +206,13 @@ TourStep keyStep(const char* name, const char* label, const char* outcome)
 
 bool holdGas(TourStage& stage)
 {
-    return stage.pressKey(latin("ProtectGas")) &&
-           stage.expectMessage(TourStage::Information, latin("Open gas successfully"));
+    return stage.pressKey("ProtectGas") &&
+           stage.expectMessage(TourStage::Information, shown(Plugin, "Open gas successfully"));
 }
 
 bool releaseGas(TourStage& stage)
 {
-    return stage.releaseKey(latin("ProtectGas")) && stage.expectNoMessage();
+    return stage.releaseKey("ProtectGas") && stage.expectNoMessage();
 }
 
 } // namespace
