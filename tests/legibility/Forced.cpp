@@ -32,7 +32,8 @@ constexpr char ListColumn[] = "columns of a list share the page's width";
 constexpr char ScheduleHeader[] = "number and comment of a schedule stand in one row";
 constexpr char MatchingRows[] = "header rows of 38 px, drawn in 7pt at least";
 constexpr char RecordTitle[] = "number of the record in 15pt beside the buttons";
-constexpr char EditorBox[] = "the host's style makes a box 2 px too narrow at 192 dpi";
+constexpr char EditorBox[] =
+    "a box is as wide as the host's sheet makes it, which knows not of the screen";
 
 constexpr Row Table[] = {
     {"io/output", "tableWidget_output", "unreachable", "rows",
@@ -56,8 +57,10 @@ constexpr Row Table[] = {
     {"schedule/*", "label_ID|label_3", "cut", "*", "en192:800", ScheduleHeader},
     {"matching", "tableWidget_matching/QWidget/QLabel", "cut", "*", "en144:800", MatchingRows},
     {"matching", "label_*", "cut", "*", "en192:800", RecordTitle},
-    {"insert/*", "cbx*", "cut", "*", "en192:800,1024,1280 zh192:800,1024,1280", EditorBox},
-    {"property/*", "cbx*", "cut", "*", "en192:800,1024,1280 zh192:800,1024,1280", EditorBox},
+    {"insert/*", "cbx*", "cut", "*", "zh144:800,1024,1280 en192:800,1024,1280 zh192:800,1024,1280",
+     EditorBox},
+    {"property/*", "cbx*", "cut", "*",
+     "zh144:800,1024,1280 en192:800,1024,1280 zh192:800,1024,1280", EditorBox},
 };
 
 bool matches(const char* wildcard, const QString& text)

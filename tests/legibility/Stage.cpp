@@ -3,6 +3,7 @@
 #include "EnableButton.h"
 #include "LaserWeldPage.h"
 #include "TestCase.h"
+#include "ThemeSheet.h"
 #include "rlregistry.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -310,8 +312,12 @@ void Stage::openEditors()
 void Stage::openEditor(const QString& view, QWidget* editor)
 {
     QScrollArea placeOfEditor;
+    auto* ground = new QWidget; // as the pendant's program editor has it
+    ground->setStyleSheet(pendant::ThemeSheet::ofPlugin("qelLaserWelding"_s));
+    (new QVBoxLayout(ground))->addWidget(editor);
+    ground->layout()->setContentsMargins(0, 0, 0, 0);
     placeOfEditor.setWidgetResizable(true);
-    placeOfEditor.setWidget(editor);
+    placeOfEditor.setWidget(ground);
     placeOfEditor.resize(EditorPlace);
     placeOfEditor.show();
     look(view, editor);
