@@ -1,5 +1,7 @@
 #include "CaptionText.h"
 
+#include "UiScale.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
@@ -9,8 +11,15 @@
 namespace {
 
 constexpr int AnyHeight = 1000;
-/// Smaller than this, in points, cannot be read at arm's length.
+/// Smaller than this, in points on a screen of 96 dpi, cannot be read at arm's length.
 constexpr int LeastPoints = 7;
+
+bool fits(const QString& caption, const QFont& font, const QSize& room)
+{
+    const QRect lines(0, 0, std::max(room.width(), 1), AnyHeight);
+    const QSize needed = QFontMetrics(font).boundingRect(lines, CaptionText::Flags, caption).size();
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
 
 } // namespace
 
@@ -28,21 +37,19 @@ int CaptionText::height(const QString& caption, const QFont& font, int width)
     return QFontMetrics(font).boundingRect(room, Flags, caption).height();
 }
 
+QFont CaptionText::fitted(const QString& caption, QFont font, const QSize& room, QWidget* widget)
+{
+    const int least = UiScale::pointSize(LeastPoints, widget);
+    while (font.pointSize() > least && !fits(caption, font, room))
+        font.setPointSize(font.pointSize() - 1);
+    return font;
+}
+
 void CaptionLabel::paintEvent(QPaintEvent*)
 {
     const QString caption = CaptionText::drawn(text());
     QPainter painter(this);
-    painter.setFont(fittedFont(caption));
+    painter.setFont(CaptionText::fitted(caption, font(), contentsRect().size(), this));
     style()->drawItemText(&painter, contentsRect(), CaptionText::Flags, palette(), isEnabled(),
                           caption, foregroundRole());
-}
-
-QFont CaptionLabel::fittedFont(const QString& caption) const
-{
-    QFont fitted = font();
-    const QSize room = contentsRect().size();
-    while (fitted.pointSize() > LeastPoints &&
-           CaptionText::height(caption, fitted, room.width()) > room.height())
-        fitted.setPointSize(fitted.pointSize() - 1);
-    return fitted;
 }

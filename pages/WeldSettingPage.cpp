@@ -356,6 +356,36 @@ void WeldSettingPage::showEvent(QShowEvent* event)
     setConfigEditable(!isMainEnabled());
     polishFields();
     relaxLayout();
+    arrangeColumns();
+}
+
+void WeldSettingPage::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (isVisible()) // before, nothing is polished and no width is right
+        arrangeColumns();
+}
+
+// Beside each other the columns would squeeze captions, fields and units into each other where the
+// page is narrower than both; it scrolls downwards, but not to the side.
+void WeldSettingPage::arrangeColumns()
+{
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (!grid)
+        return;
+    const QMargins margins = grid->contentsMargins();
+    const int needed = ui->widget_3->minimumSizeHint().width() +
+                       ui->widget_2->minimumSizeHint().width() + grid->horizontalSpacing() +
+                       margins.left() + margins.right();
+    const bool isNarrow = width() < needed;
+    if (isNarrow == columnsAreStacked)
+        return;
+    columnsAreStacked = isNarrow;
+    const int span = isNarrow ? 2 : 1;
+    grid->removeWidget(ui->widget_3);
+    grid->removeWidget(ui->widget_2);
+    grid->addWidget(ui->widget_3, 1, 0, 1, span);
+    grid->addWidget(ui->widget_2, isNarrow ? 2 : 1, isNarrow ? 0 : 1, 1, span);
 }
 
 void WeldSettingPage::applyPageStyle()

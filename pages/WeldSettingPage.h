@@ -58,6 +58,7 @@ public Q_SLOTS:
     void buttontest();
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -74,10 +75,12 @@ private:
 
     void polishFields();
     void polishSwitches();
+    void arrangeColumns();
     void relaxLayout();
     void relaxHeader();
     void relaxColumns();
 
     std::unique_ptr<Ui::WeldSettingPage> ui;
     QFont fieldFont; ///< given to the fields last
+    bool columnsAreStacked = false;
 };

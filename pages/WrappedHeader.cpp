@@ -4,6 +4,7 @@
 #include "OwnedTimer.h"
 #include "UiScale.h"
 
+#include <QPainter>
 #include <QStyleOptionHeader>
 #include <QTableWidget>
 
@@ -56,24 +57,34 @@ QString WrappedHeader::caption(int section) const
 QSize WrappedHeader::sizeHint() const
 {
     QSize hint = QHeaderView::sizeHint();
-    const QFont drawn = UiScale::font(CaptionPoints, parentWidget());
     for (int section = 0; section < count(); ++section)
-        hint.setHeight(std::max(hint.height(), captionHeight(section, drawn) + PaddingY));
+        hint.setHeight(std::max(hint.height(), measuredCaption(section).height + PaddingY));
     return hint;
 }
 
-int WrappedHeader::captionHeight(int section, const QFont& drawn) const
+const WrappedHeader::Measured& WrappedHeader::measuredCaption(int section) const
 {
+    const QFont drawn = UiScale::font(CaptionPoints, parentWidget());
     if (drawn != measuredIn)
         measured.clear();
     measuredIn = drawn;
     const int width = sectionSize(section) - PaddingX;
     Measured& known = measured[caption(section)];
     if (known.height == 0 || known.width != width)
-        known = {width, CaptionText::height(caption(section), drawn, width)};
-    return known.height;
+        known = measure(caption(section), drawn, width);
+    return known;
 }
 
+WrappedHeader::Measured WrappedHeader::measure(const QString& text, const QFont& drawn,
+                                               int width) const
+{
+    const QSize room(width, QWIDGETSIZE_MAX);
+    const QFont fitted = CaptionText::fitted(text, drawn, room, parentWidget());
+    return {width, CaptionText::height(text, fitted, width),
+            double(fitted.pointSize()) / drawn.pointSize()};
+}
+
+// The font of the sections is the sheet's, so a caption is drawn smaller by the painter's scale.
 void WrappedHeader::paintSection(QPainter* painter, const QRect& rect, int section) const
 {
     QStyleOptionHeader option;
@@ -82,5 +93,13 @@ void WrappedHeader::paintSection(QPainter* painter, const QRect& rect, int secti
     option.section = section;
     option.text = caption(section);
     option.textAlignment = Qt::Alignment(QFlag(CaptionText::Flags));
-    style()->drawControl(QStyle::CE_Header, &option, painter, this);
+    style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+    const double scale = measuredCaption(section).scale;
+    const QRect room = style()->subElementRect(QStyle::SE_HeaderLabel, &option, this);
+    option.rect = QRect(QPoint(), (QSizeF(room.size()) / scale).toSize());
+    painter->save();
+    painter->translate(room.topLeft());
+    painter->scale(scale, scale);
+    style()->drawControl(QStyle::CE_HeaderLabel, &option, painter, this);
+    painter->restore();
 }

@@ -7,7 +7,7 @@
 class QTableWidget;
 
 /// Horizontal header that breaks a caption into lines where its column is too narrow for it, and
-/// is as high as the highest of them.
+/// is as high as the highest of them. A caption with a word that is too wide is drawn smaller.
 class WrappedHeader : public QHeaderView
 {
 public:
@@ -23,7 +23,6 @@ private:
     explicit WrappedHeader(QTableWidget* table);
 
     QString caption(int section) const;
-    int captionHeight(int section, const QFont& drawn) const;
     void followWidths();
 
     /// A caption is measured once for each width.
@@ -31,7 +30,11 @@ private:
     {
         int width = 0;
         int height = 0;
+        double scale = 1; ///< less where a word is wider than the column
     };
+    const Measured& measuredCaption(int section) const;
+    Measured measure(const QString& text, const QFont& drawn, int width) const;
+
     mutable QHash<QString, Measured> measured;
     mutable QFont measuredIn;
     bool isFollowing = false;

@@ -57,6 +57,8 @@ private Q_SLOTS:
     void linesGrowAsTheWidthShrinks();
     void anyWidth_data();
     void anyWidth();
+    void fontFitsTheRoom_data();
+    void fontFitsTheRoom();
     void labelKeepsItsText();
     void labelFitsItsCell_data();
     void labelFitsItsCell();
@@ -105,6 +107,32 @@ void TestCaptionText::anyWidth()
 {
     QFETCH(int, width);
     QVERIFY(CaptionText::height(latin(Caption), QFont(), width) >= lineHeight(QFont()));
+}
+
+void TestCaptionText::fontFitsTheRoom_data()
+{
+    QTest::addColumn<QSize>("room"); // in hundredths of what the caption needs in 10pt
+    QTest::addColumn<bool>("isSmaller");
+    QTest::newRow("as large") << QSize(110, 110) << false;
+    QTest::newRow("too narrow for a word") << QSize(85, 110) << true;
+    QTest::newRow("too low for the lines") << QSize(110, 85) << true;
+    QTest::newRow("nothing fits") << QSize(1, 1) << true;
+}
+
+void TestCaptionText::fontFitsTheRoom()
+{
+    QFETCH(QSize, room);
+    QFETCH(bool, isSmaller);
+    QFont font;
+    font.setPointSize(10);
+    const QString caption = latin("Frequency");
+    const QSize whole = QFontMetrics(font).size(0, caption);
+    const QSize part(whole.width() * room.width() / 100, whole.height() * room.height() / 100);
+    const QFont fitted = CaptionText::fitted(caption, font, part, nullptr);
+    QCOMPARE(fitted.pointSize() < 10, isSmaller);
+    QVERIFY(fitted.pointSize() >= 7);
+    const QSize drawn = QFontMetrics(fitted).size(0, caption);
+    QCOMPARE(drawn.width() <= part.width() && drawn.height() <= part.height(), room.width() > 1);
 }
 
 void TestCaptionText::labelKeepsItsText()

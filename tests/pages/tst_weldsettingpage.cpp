@@ -254,6 +254,7 @@ private Q_SLOTS:
     void switchesAreSized();
     void labelsAndFieldsArePolished();
     void layoutIsRelaxed();
+    void narrowPageStacksItsColumns();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
     void secondShowChangesNothing();
@@ -1194,6 +1195,29 @@ void TestWeldSettingPage::labelsAndFieldsArePolished()
         QCOMPARE(box->font().family(), font.family());
         QCOMPARE(box->font().pointSize(), font.pointSize());
     }
+}
+
+// And stands them beside each other again.
+void TestWeldSettingPage::narrowPageStacksItsColumns()
+{
+    QWidget window; // a page that is a window is never narrower than its columns
+    PageOnHost t;
+    t.page.setParent(&window);
+    window.resize(900, 800);
+    t.page.applyPageStyle();
+    auto* left = child<QWidget>(&t.page, "widget_3");
+    auto* right = child<QWidget>(&t.page, "widget_2");
+    t.page.resize(900, 800);
+    window.show();
+    t.page.show();
+    QTRY_VERIFY(left->geometry().right() < right->x());
+    t.page.resize(380, 800);
+    QTRY_VERIFY(left->geometry().bottom() < right->y());
+    QVERIFY(left->minimumSizeHint().width() <= left->width());
+    QVERIFY(right->minimumSizeHint().width() <= right->width());
+    t.page.resize(900, 800);
+    QTRY_VERIFY(left->geometry().right() < right->x());
+    QCOMPARE(left->y(), right->y());
 }
 
 void TestWeldSettingPage::layoutIsRelaxed()
