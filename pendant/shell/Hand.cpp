@@ -19,6 +19,7 @@ namespace pendant {
 namespace {
 
 constexpr int PollMilliseconds = 10;
+constexpr int ScrollAttempts = 3;
 
 void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& place)
 {
@@ -156,14 +157,16 @@ bool Hand::reach(QWidget* widget, const QPoint& place)
 
 bool Hand::press(QWidget* widget)
 {
-    if (!widget)
+    // What was touched before may still lay itself out, and moves what has been scrolled to.
+    for (int time = 0; widget && time < ScrollAttempts; ++time) {
+        scrollTo(widget);
+        QApplication::processEvents();
+        if (reach(widget, placeOn(widget)))
+            break;
+    }
+    if (!widget || !reach(widget, placeOn(widget)))
         return false;
-    scrollTo(widget);
-    QApplication::processEvents();
-    const QPoint place = placeOn(widget);
-    if (!reach(widget, place))
-        return false;
-    sendMouse(widget, QEvent::MouseButtonPress, place);
+    sendMouse(widget, QEvent::MouseButtonPress, placeOn(widget));
     return true;
 }
 

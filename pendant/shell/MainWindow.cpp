@@ -139,8 +139,6 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
     // An indicator of a plugin is smaller once it is laid out: the window would grow meanwhile.
     QLayout* whole = layout();
     whole->setSizeConstraint(QLayout::SetNoConstraint);
-    QTimer::singleShot(SettleTime, whole,
-                       [whole] { whole->setSizeConstraint(QLayout::SetDefaultConstraint); });
     log->setPlainText(said);
     showUser(userLevel);
     pluginPage->setReports(reports);
@@ -155,6 +153,8 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
         topBar->setProgram(true);
     if (auto* open = findChild<QWidget*>(panel); open && !panel.isEmpty())
         drawer->open(open);
+    QTimer::singleShot(SettleTime, whole,
+                       [whole] { whole->setSizeConstraint(QLayout::SetDefaultConstraint); });
 }
 
 QWidget* MainWindow::buildBody()

@@ -26,6 +26,7 @@ constexpr const char* Patterns[] = {
     QT_TRANSLATE_NOOP("Phrases", "The program %1 was left as it was: %2."),
     QT_TRANSLATE_NOOP("Phrases",
                       "The program %1 has %2 bytes. Divide it into programs of at most %3."),
+    // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): a long text in two pieces
     QT_TRANSLATE_NOOP("Phrases", "There is a program %1 already. Choose another name, or delete "
                                  "that one first."),
     QT_TRANSLATE_NOOP("Phrases", "There is no program %1. Choose one of the list."),

@@ -13,7 +13,7 @@ namespace pendant {
 namespace {
 
 constexpr const char* ByteOrderMark = "\xef\xbb\xbf";
-constexpr QLatin1String SelectorKey("name");
+const QLatin1String SelectorKey("name");
 
 // A brace or a semicolon would reach into what stands beside it.
 bool breaksTheSheet(const QString& text)
