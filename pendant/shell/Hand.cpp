@@ -92,7 +92,7 @@ void scrollAreasTo(QWidget* widget)
 // An area within another is laid out after it, and again where its scroll bars come or go.
 void scrollTo(QWidget* widget)
 {
-    for (int time = 0; time < 3; ++time) {
+    for (int time = 0; time < ScrollAttempts; ++time) {
         QApplication::processEvents();
         scrollAreasTo(widget);
     }
@@ -157,16 +157,14 @@ bool Hand::reach(QWidget* widget, const QPoint& place)
 
 bool Hand::press(QWidget* widget)
 {
-    // What was touched before may still lay itself out, and moves what has been scrolled to.
-    for (int time = 0; widget && time < ScrollAttempts; ++time) {
-        scrollTo(widget);
-        QApplication::processEvents();
-        if (reach(widget, placeOn(widget)))
-            break;
-    }
-    if (!widget || !reach(widget, placeOn(widget)))
+    if (!widget)
         return false;
-    sendMouse(widget, QEvent::MouseButtonPress, placeOn(widget));
+    scrollTo(widget);
+    QApplication::processEvents();
+    const QPoint place = placeOn(widget);
+    if (!reach(widget, place))
+        return false;
+    sendMouse(widget, QEvent::MouseButtonPress, place);
     return true;
 }
 

@@ -2,8 +2,8 @@
 
 #include "EnableButton.h"
 #include "LaserWeldPage.h"
+#include "PluginSheet.h"
 #include "TestCase.h"
-#include "ThemeSheet.h"
 #include "rlregistry.h"
 
 #include <QApplication>
@@ -313,7 +313,7 @@ void Stage::openEditor(const QString& view, QWidget* editor)
 {
     QScrollArea placeOfEditor;
     auto* ground = new QWidget; // as the pendant's program editor has it
-    ground->setStyleSheet(pendant::ThemeSheet::ofPlugin("qelLaserWelding"_s));
+    ground->setStyleSheet(pendant::PluginSheet::ofPlugin("qelLaserWelding"_s));
     (new QVBoxLayout(ground))->addWidget(editor);
     ground->layout()->setContentsMargins(0, 0, 0, 0);
     placeOfEditor.setWidgetResizable(true);
