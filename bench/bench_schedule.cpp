@@ -2,6 +2,7 @@
 // lays it out; a later one finds all that in place, and the record on show. Times are those of the
 // processor.
 
+#include "EventCount.h"
 #include "PageBench.h"
 #include "Ratio.h"
 #include "WeldParameterPage.h"
@@ -13,7 +14,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <ctime>
 
 namespace {
 
@@ -42,44 +42,11 @@ private:
     QJsonObject records;
 };
 
-template<typename Work>
-double processorMicroseconds(const Work& work)
-{
-    const auto now = [] {
-        timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
-    };
-    const double start = now();
-    work();
-    return now() - start;
-}
-
 void settle()
 {
     for (int turn = 0; turn < 5; ++turn)
         QApplication::processEvents();
 }
-
-/// Counts the style sheets that are set below a widget.
-class SheetWatch : public QObject
-{
-public:
-    explicit SheetWatch(QWidget* page)
-    {
-        page->installEventFilter(this);
-        const auto widgets = page->findChildren<QWidget*>();
-        for (QWidget* each : widgets)
-            each->installEventFilter(this);
-    }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::StyleChange)
-            ++count;
-        return false;
-    }
-    int count = 0;
-};
 
 } // namespace
 
@@ -101,7 +68,7 @@ int main(int argc, char** argv)
     auto* details = page->findChild<QPushButton*>(QLatin1String("pushButton_Config"));
     auto* back = page->findChild<QPushButton*>(QLatin1String("pushButton_back"));
     const auto open = [details] {
-        return processorMicroseconds([details] {
+        return Ratio::processorMicroseconds([details] {
             details->click();
             settle();
         });
@@ -115,7 +82,7 @@ int main(int argc, char** argv)
     double again = 1e300;
     for (int round = 0; round < Rounds; ++round)
         again = std::min(again, openAgain());
-    const SheetWatch watch(page); // which takes time itself
+    const EventCount watch(QEvent::StyleChange); // which takes time itself
     openAgain();
     bool holds = Ratio::report("a schedule opened again / opened first", {again, first}, Limit);
     std::printf("%-58s %12d\n", "style changes while opened again", watch.count);

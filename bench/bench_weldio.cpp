@@ -24,7 +24,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <ctime>
 #include <memory>
 
 namespace {
@@ -94,18 +93,6 @@ private:
     QHash<QString, QStringList> lists;
 };
 
-double processorMicroseconds(const Ratio::Work& work)
-{
-    const auto now = [] {
-        timespec time{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
-    };
-    const double start = now();
-    work();
-    return now() - start;
-}
-
 double leastOf(int rounds, const std::function<double()>& round)
 {
     double least = 1e300;
@@ -145,7 +132,7 @@ struct Stage
     {
         page->hide();
         settle();
-        return processorMicroseconds([this] { show(); });
+        return Ratio::processorMicroseconds([this] { show(); });
     }
 
     QWidget window;
@@ -211,7 +198,7 @@ bool splitLess(const QString& left, const QString& right)
 /// Fetching, sorting and filling one box twice.
 double straightforwardBox(QComboBox& box)
 {
-    return processorMicroseconds([&box] {
+    return Ratio::processorMicroseconds([&box] {
         for (int time = 0; time < 2; ++time) {
             QStringList names = qelplugin::hostBackend().ports(QLatin1String("DO"));
             std::sort(names.begin(), names.end(), splitLess);
@@ -232,7 +219,7 @@ double straightforwardFirstShow()
     for (int row = 0; row < Boxes; ++row)
         table->setCellWidget(row, 0, plain.boxes.at(static_cast<std::size_t>(row)).release());
     table->resize(PageSize);
-    return processorMicroseconds([&window] {
+    return Ratio::processorMicroseconds([&window] {
         window.show();
         settle();
     });
@@ -240,7 +227,7 @@ double straightforwardFirstShow()
 
 double openList(QComboBox* box)
 {
-    const double taken = processorMicroseconds([box] {
+    const double taken = Ratio::processorMicroseconds([box] {
         box->showPopup();
         QApplication::processEvents();
     });
@@ -264,11 +251,11 @@ bool measureShows()
     }();
     const LargeCell cell(Ports);
     const Stage stage;
-    const double first = processorMicroseconds([&stage] { stage.show(); });
+    const double first = Ratio::processorMicroseconds([&stage] { stage.show(); });
     const double again = leastOf(Rounds, [&stage] { return stage.showAgain(); });
     PlainBoxes plain;
-    const double own =
-        leastOf(Rounds, [&plain] { return processorMicroseconds([&plain] { plain.fill(); }); });
+    const double own = leastOf(
+        Rounds, [&plain] { return Ratio::processorMicroseconds([&plain] { plain.fill(); }); });
     const double straightforward = Boxes * straightforwardBox(*plain.boxes.front());
     bool holds = report("later show / 24 own models filled once", again, own, 0.3);
     holds &= report("later show / straightforward (one box taken 24 times)", again, straightforward,
@@ -289,7 +276,7 @@ bool measureLayout()
     (new QVBoxLayout(&window))->addWidget(page);
     auto* tabs = page->findChild<QTabWidget*>();
     const auto pass = [tabs] {
-        return processorMicroseconds([tabs] {
+        return Ratio::processorMicroseconds([tabs] {
             Q_EMIT tabs->currentChanged(tabs->currentIndex());
             settle();
         });

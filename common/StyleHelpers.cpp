@@ -94,15 +94,6 @@ const char BaseSheet[] =
     R"(color:#202020;})"
     R"(QLineEdit:hover,QLineEdit:focus{border-color:#0078d4;background:#ffffff;})";
 
-} // namespace
-
-QString tabStyleSheet()
-{
-    return QLatin1String(TabSheet);
-}
-
-namespace {
-
 /// The widgets that the tab sheet takes ground and border from.
 bool isTabContent(const QWidget* widget)
 {
@@ -114,6 +105,11 @@ bool isTabContent(const QWidget* widget)
 }
 
 } // namespace
+
+QString tabStyleSheet()
+{
+    return QLatin1String(TabSheet);
+}
 
 void applyTabStyle(QTabWidget* tabs)
 {
