@@ -1,6 +1,5 @@
-// Opening a schedule on the weld data page. The first opening gives the detail view its look and
-// lays it out; a later one finds all that in place, and the record on show. Times are those of the
-// processor.
+// Opening a schedule on the weld data page. The first opening lays the detail view out; a later one
+// finds it so, and the record on show. Times are those of the processor.
 
 #include "EventCount.h"
 #include "PageBench.h"

@@ -131,8 +131,7 @@ void WeldParameterPage::applyPageStyle()
     for (QLabel* each : {ui->label_58, ui->label_ProcessID})
         UiScale::setStyleSheet(each, QLatin1String(RecordSheet), this);
     styledFor = {};
-    if (ui->stackedWidget->currentWidget() == ui->page_config) // or the next opening does it
-        refreshConfigStyle();
+    refreshConfigStyle();
     setClickFocus();
     UiScale::applyFonts(this, 10);
 }
