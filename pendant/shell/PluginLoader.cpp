@@ -18,6 +18,7 @@ namespace pendant {
 
 namespace {
 
+const QString MadeNone = QStringLiteral("its factory made no plugin");
 constexpr int ApiVersion = 1;
 // int qelplugin::api(), as the compilers of the platform write it.
 constexpr const char* ApiSymbol = "_ZN9qelplugin3apiEv";
@@ -89,6 +90,7 @@ struct PluginLoader::Maker
 {
     QString name;
     std::function<qelplugin::PluginBase*(QObject* parent)> factory;
+    int report; ///< index of what became of it
 };
 
 struct PluginLoader::Library
@@ -216,13 +218,13 @@ void PluginLoader::adopt(const QString& file, std::unique_ptr<Library> library,
             report(name, file, QStringLiteral("another library has registered this name"));
             continue;
         }
-        const Maker maker{name, qelplugin::pluginFactory(name)};
+        const Maker maker{name, qelplugin::pluginFactory(name), results.size()};
         auto* plugin = make(maker);
         if (plugin) {
             library->plugins.push_back(plugin);
             library->makers.push_back(maker);
         }
-        report(name, file, plugin ? QString() : QStringLiteral("its factory made no plugin"));
+        report(name, file, plugin ? QString() : MadeNone);
     }
     forgetAll();
     if (library->plugins.empty())
@@ -259,8 +261,11 @@ void PluginLoader::makeAnew()
 {
     for (const auto& library : libraries) {
         for (const Maker& maker : library->makers) {
-            if (auto* plugin = make(maker))
+            auto* plugin = make(maker);
+            if (plugin)
                 library->plugins.push_back(plugin);
+            results[maker.report].loaded = plugin;
+            results[maker.report].reason = plugin ? QString() : MadeNone;
         }
     }
     start();

@@ -46,7 +46,7 @@ public:
     /// stay. The widgets and keys of the plugins must be gone before.
     void drop();
     /// Makes the plugins of the libraries that are loaded by their factories, after drop(), and
-    /// starts them.
+    /// starts them. A factory that makes none this time is reported.
     void makeAnew();
     /// Called with the registered name before each plugin is made: its library is there already.
     void setBeforeMaking(const std::function<void(const QString& name)>& listener);

@@ -75,13 +75,16 @@ void Session::setLanguage(Language language)
 {
     if (language == languages.current())
         return;
+    const QStringList before = loader.pluginNames();
     dropPlugins();
     languages.choose(language);
-    mainWindow->renew([this] {
+    mainWindow->renew([&] {
         loader.makeAnew();
         backend->tellConnection();
         dressPlugins();
     });
+    if (loader.pluginNames() != before)
+        mainWindow->setReports(loader.reports());
 }
 
 void Session::join()

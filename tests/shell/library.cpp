@@ -4,6 +4,8 @@
 
 #include <QLabel>
 
+#include <utility>
+
 #ifdef LIBRARY_NEWER_QT
 extern "C" void newerQt();
 void useNewerQt()
@@ -76,6 +78,9 @@ int registerPlugin()
 #ifdef LIBRARY_MAKES_NOTHING
         Q_UNUSED(parent)
         return nullptr;
+#elif defined(LIBRARY_MAKES_ONE)
+        static bool isMade = false;
+        return std::exchange(isMade, true) ? nullptr : new Plugin(parent);
 #else
         return new Plugin(parent);
 #endif

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void theSecondOfOneNameIsRefused();
     void oneBrokenLibraryDoesNotKeepTheOthersOut();
     void pluginsAreMadeAnewByTheirFactories();
+    void oneThatIsNotMadeAnewIsReported();
     void unloadTakesEverythingBack();
     void aHundredTimes();
     void explanations_data();
@@ -228,6 +229,21 @@ void TestPluginLoader::pluginsAreMadeAnewByTheirFactories()
     delete host.statusBarWidget;
     loader.unload();
     QVERIFY(!isMapped("libgood.so"));
+}
+
+void TestPluginLoader::oneThatIsNotMadeAnewIsReported()
+{
+    const ScriptedHost host;
+    PluginLoader loader;
+    loader.loadFolder(folderOf("once"));
+    QCOMPARE(loader.pluginNames(), QStringList{QStringLiteral("once")});
+    for (int time = 0; time < 2; ++time) {
+        loader.drop();
+        loader.makeAnew();
+        QVERIFY(loader.pluginNames().isEmpty());
+        QCOMPARE(loader.reports().size(), 1);
+        QCOMPARE(loader.reports().first().reason, QStringLiteral("its factory made no plugin"));
+    }
 }
 
 void TestPluginLoader::unloadTakesEverythingBack()
