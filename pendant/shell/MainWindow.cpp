@@ -23,7 +23,6 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTime>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -33,7 +32,6 @@ namespace pendant {
 namespace {
 
 constexpr int LogLines = 2000;
-constexpr int SettleTime = 200; // milliseconds, of what the plugins lay out in the window
 // Height for 96 dots per inch: all faults are in view.
 constexpr int LeastDrawer = 376;
 // Width for 96 dots per inch: below it the keys are narrow.
@@ -137,8 +135,7 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
     build(work);
     // An indicator of a plugin is smaller once it is laid out: the window would grow meanwhile.
-    QLayout* whole = layout();
-    whole->setSizeConstraint(QLayout::SetNoConstraint);
+    layout()->setSizeConstraint(QLayout::SetNoConstraint);
     log->setPlainText(said);
     showUser(userLevel);
     pluginPage->setReports(reports);
@@ -153,8 +150,22 @@ void MainWindow::renew(const std::function<void()>& makePlugins)
         topBar->setProgram(true);
     if (auto* open = findChild<QWidget*>(panel); open && !panel.isEmpty())
         drawer->open(open);
-    QTimer::singleShot(SettleTime, whole,
-                       [whole] { whole->setSizeConstraint(QLayout::SetDefaultConstraint); });
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    const bool isDone = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest)
+        confine();
+    return isDone;
+}
+
+// As soon as what is new in the window fits into it.
+void MainWindow::confine()
+{
+    const QSize least = layout()->totalMinimumSize();
+    if (least.width() <= width() && least.height() <= height())
+        layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
 }
 
 QWidget* MainWindow::buildBody()

@@ -71,6 +71,7 @@ Q_SIGNALS:
     void themeClicked();
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -92,6 +93,7 @@ private:
     void showProgram(bool on);
     void showTitle();
     void placePanels();
+    void confine();
     void placeKeys();
 
     Controller& machine;
