@@ -1,10 +1,10 @@
 #include "Controller.h"
 #include "LampButton.h"
 #include "MainWindow.h"
+#include "OpenSession.h"
 #include "Options.h"
 #include "PluginSheet.h"
 #include "ProgramPage.h"
-#include "Session.h"
 #include "TestCase.h"
 #include "qelplugin.h"
 
@@ -37,8 +37,6 @@ private Q_SLOTS:
     void theThemeButton();
 
 private:
-    std::unique_ptr<Session> open();
-
     std::unique_ptr<QTemporaryDir> folder;
     Options options;
 };
@@ -98,18 +96,9 @@ void TestLanguages::cleanup()
     TestCase::cleanup();
 }
 
-std::unique_ptr<Session> TestLanguages::open()
-{
-    QString error;
-    auto session = Session::open(options, &error);
-    if (!session)
-        qFatal("%s", qPrintable(error));
-    return session;
-}
-
 void TestLanguages::titleFollowsTheLanguage()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     QCOMPARE(title(*session), English);
     session->setLanguage(Language::Chinese);
     QCOMPARE(title(*session), Chinese);
@@ -122,20 +111,20 @@ void TestLanguages::titleFollowsTheLanguage()
 void TestLanguages::itStartsInChinese()
 {
     options.language = Language::Chinese;
-    auto session = open();
+    auto session = openSession(options);
     QCOMPARE(title(*session), Chinese);
     QCOMPARE(child<QLabel>(&session->window(), "label_application")->text(),
              QStringLiteral("激光焊接"));
     session.reset();
     // The next one knows nothing of it.
     options.language = Language::English;
-    QCOMPARE(title(*open()), English);
+    QCOMPARE(title(*openSession(options)), English);
 }
 
 // Names of programs, plugins and files stay, and what the two buttons of the bar are called.
 void TestLanguages::nothingStaysInEnglish()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     session->setLanguage(Language::Chinese);
     static const QRegularExpression word(QStringLiteral("[A-Za-z]{4,}"));
     static const QRegularExpression name(QStringLiteral(
@@ -148,7 +137,7 @@ void TestLanguages::nothingStaysInEnglish()
 
 void TestLanguages::theButtonTurnsIt()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     for (const QString& expected : {Chinese, English}) {
         child<QPushButton>(&session->window(), "button_language")->click();
         QTRY_COMPARE(title(*session), expected);
@@ -157,7 +146,7 @@ void TestLanguages::theButtonTurnsIt()
 
 void TestLanguages::programIsNotLost()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     auto* page = child<ProgramPage>(&session->window(), "programPage");
     QVERIFY(page->open(QStringLiteral("example_seam")));
     ProgramDocument& program = page->findChild<ProgramEditor*>()->program();
@@ -178,7 +167,7 @@ void TestLanguages::programIsNotLost()
 
 void TestLanguages::programStaysInView()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     child<QPushButton>(&session->window(), "button_program")->click();
     auto* page = child<ProgramPage>(&session->window(), "programPage");
     QVERIFY(page->open(QStringLiteral("example_seam")));
@@ -195,7 +184,7 @@ void TestLanguages::programStaysInView()
 void TestLanguages::stateStays()
 {
     options.powered = true;
-    const auto session = open();
+    const auto session = openSession(options);
     session->controller().setConnected(false);
     Faults faults;
     faults.emptyReply = true;
@@ -227,7 +216,7 @@ void TestLanguages::stateStays()
 void TestLanguages::messageIsSaidInTheLanguage()
 {
     options.language = Language::Chinese;
-    const auto session = open();
+    const auto session = openSession(options);
     session->controller().setConnected(false);
     auto* page = child<ProgramPage>(&session->window(), "programPage");
     QVERIFY(!page->open(QStringLiteral("example_seam")));
@@ -237,7 +226,7 @@ void TestLanguages::messageIsSaidInTheLanguage()
 
 void TestLanguages::nothingIsLeftBehind()
 {
-    auto session = open();
+    auto session = openSession(options);
     const auto turn = [&] {
         session->setLanguage(Language::Chinese);
         session->setLanguage(Language::English);
@@ -257,7 +246,7 @@ void TestLanguages::nothingIsLeftBehind()
 // Each warning fails the test: the theme knows all that the sheet asks for, and Qt can read it.
 void TestLanguages::theSheetOfThePlugin()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     QStringList sheets;
     for (const auto shade : {Theme::Shade::Light, Theme::Shade::Dark}) {
         Theme::setShade(shade);
@@ -276,7 +265,7 @@ void TestLanguages::theSheetOfThePlugin()
 
 void TestLanguages::theThemeButton()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     const auto pixel = [&] {
         return session->window().grab().toImage().pixelColor(session->window().width() / 2, 2);
     };

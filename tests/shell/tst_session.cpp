@@ -1,10 +1,10 @@
 #include "HardwareKey.h"
 #include "LampButton.h"
 #include "MainWindow.h"
+#include "OpenSession.h"
 #include "Options.h"
 #include "ProgramEditor.h"
 #include "ProgramPage.h"
-#include "Session.h"
 #include "SingleShots.h"
 #include "TestCase.h"
 #include "hostbackend.h"
@@ -43,7 +43,6 @@ private Q_SLOTS:
     void cellThatCannotBeOpened();
 
 private:
-    std::unique_ptr<Session> open();
     void addTracking();
     QStringList texts(Session& session) const;
     HardwareKey* key(Session& session) const;
@@ -59,15 +58,6 @@ void TestSession::init()
     options = Options();
     options.cellFile = folder->filePath(QStringLiteral("cell.sqlite"));
     options.pluginFolder = QStringLiteral(SHELL_LIBRARIES "/good");
-}
-
-std::unique_ptr<Session> TestSession::open()
-{
-    QString error;
-    auto session = Session::open(options, &error);
-    if (!session)
-        qFatal("%s", qPrintable(error));
-    return session;
 }
 
 // Beside the other plugin, in a folder of the test's own.
@@ -99,7 +89,7 @@ HardwareKey* TestSession::key(Session& session) const
 
 void TestSession::thePluginIsUp()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     QCOMPARE(session->plugins().pluginNames(), QStringList{QStringLiteral("good")});
     QVERIFY(child<QWidget>(&session->window(), "page_good")->isVisible());
     QVERIFY(key(*session)->isVisible());
@@ -114,7 +104,7 @@ void TestSession::optionsReachTheController()
     options.faults.emptyReply = true;
     options.userLevel = 2;
     options.windowSize = QSize(900, 700);
-    const auto session = open();
+    const auto session = openSession(options);
     QVERIFY(session->controller().isPowered());
     QVERIFY(!session->controller().isConnected());
     QVERIFY(session->controller().faults().emptyReply);
@@ -125,7 +115,7 @@ void TestSession::optionsReachTheController()
 void TestSession::keyIsReleasedByTheUserWhoHoldsIt()
 {
     options.userLevel = 3;
-    const auto session = open();
+    const auto session = openSession(options);
     QTest::mousePress(key(*session), Qt::LeftButton);
     session->logIn(1);
     QTest::mouseRelease(key(*session), Qt::LeftButton);
@@ -137,7 +127,7 @@ void TestSession::keyIsReleasedByTheUserWhoHoldsIt()
 // What is not saved outlives a logout.
 void TestSession::anotherUserFindsTheProgramAsItWas()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     auto* page = child<ProgramPage>(&session->window(), "programPage");
     QVERIFY(page->open(QStringLiteral("example_seam")));
     ProgramDocument& program = page->findChild<ProgramEditor*>()->program();
@@ -152,7 +142,7 @@ void TestSession::anotherUserFindsTheProgramAsItWas()
 
 void TestSession::endReleasesTheKeyAndUnloads()
 {
-    auto session = open();
+    auto session = openSession(options);
     QStringList heard;
     connect(&session->window(), &QObject::destroyed, this,
             [&] { heard << QStringLiteral("gone"); });
@@ -167,8 +157,8 @@ void TestSession::endReleasesTheKeyAndUnloads()
 
 void TestSession::secondSessionInOneProcess()
 {
-    open().reset();
-    const auto session = open();
+    openSession(options).reset();
+    const auto session = openSession(options);
     QCOMPARE(session->plugins().pluginNames().size(), 1);
     QTest::mouseClick(key(*session), Qt::LeftButton);
     QCOMPARE(texts(*session).size(), 2);
@@ -179,7 +169,7 @@ void TestSession::connectionIsToldAfterTheStart()
     int told = 0;
     connect(&qelplugin::qelPluginInterface(), &qelplugin::InterfaceManager::sigNetworkConnect, this,
             [&] { ++told; });
-    const auto session = open();
+    const auto session = openSession(options);
     QCOMPARE(told, 1);
     session->controller().setConnected(false);
     QCOMPARE(told, 1);
@@ -190,7 +180,7 @@ void TestSession::connectionIsToldAfterTheStart()
 
 void TestSession::buttonsTurnConnectionAndPower()
 {
-    const auto session = open();
+    const auto session = openSession(options);
     const auto click = [&](const char* name) {
         QTest::mouseClick(child<LampButton>(&session->window(), name), Qt::LeftButton);
     };
@@ -205,7 +195,7 @@ void TestSession::buttonsTurnConnectionAndPower()
 void TestSession::zoomReachesThePlugins()
 {
     options.zoom = 1.5;
-    const auto session = open();
+    const auto session = openSession(options);
     QCOMPARE(
         qelplugin::qelPluginInterface().getNodeData(QStringLiteral("qeltheme.fontzoom")).toDouble(),
         1.5);
@@ -214,7 +204,7 @@ void TestSession::zoomReachesThePlugins()
 void TestSession::withoutPluginsTheListSaysWhy()
 {
     options.pluginFolder = folder->path();
-    const auto session = open();
+    const auto session = openSession(options);
     QVERIFY(child<QWidget>(&session->window(), "panel_plugins")->isVisible());
 }
 
@@ -263,7 +253,7 @@ void TestSession::trackingComesWhenItIsTold()
     QFETCH(int, delay);
     addTracking();
     options.trackingDelay = delay;
-    const auto session = open();
+    const auto session = openSession(options);
     QCOMPARE(trackingPage() != nullptr, delay == 0);
     QCOMPARE(tabTexts(*session).contains(TrackingTab), delay == 0);
     bool isPending = false;
@@ -282,7 +272,7 @@ void TestSession::trackingComesWhenItIsTold()
 void TestSession::trackingThatIsNotThere()
 {
     options.trackingDelay = 3;
-    const auto session = open();
+    const auto session = openSession(options);
     SingleShots::expire(session.get());
     QCOMPARE(session->plugins().reports().size(), 1);
 }
@@ -290,7 +280,7 @@ void TestSession::trackingThatIsNotThere()
 void TestSession::trackingPageShowsTheSeam()
 {
     addTracking();
-    const auto session = open();
+    const auto session = openSession(options);
     QWidget* page = trackingPage();
     auto* camera = child<QWidget>(page, "camera");
     auto* state = child<QLabel>(page, "label_state");
@@ -307,7 +297,7 @@ void TestSession::trackingPageShowsTheSeam()
 void TestSession::pageIsTakenByAnotherPlugin()
 {
     addTracking();
-    const auto session = open();
+    const auto session = openSession(options);
     QCOMPARE(tabTexts(*session), (QStringList{GoodTab, TrackingTab}));
     const auto* tabs = child<QTabBar>(&session->window(), "tabBar");
     QVERIFY(tabs->isVisible());
@@ -326,7 +316,7 @@ void TestSession::trackingComesWhileAProgramIsOpen()
 {
     addTracking();
     options.trackingDelay = 3;
-    const auto session = open();
+    const auto session = openSession(options);
     auto* bar = child<QWidget>(&session->window(), "topBar");
     auto* title = child<QLabel>(bar, "label_application");
     child<QAbstractButton>(bar, "button_program")->click();
