@@ -1,10 +1,13 @@
 #pragma once
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <functional>
+#include <string>
 
 /// Measures two ways of the same work beside each other in one run.
 namespace Ratio {
@@ -52,13 +55,52 @@ inline Figures measure(int rounds, const Work& ours, const Work& peer)
     return least;
 }
 
-/// Prints the figures beside the limit; false when the ratio is over it.
-inline bool report(const char* name, const Figures& figures, double limit)
+/// One line of the report, on the standard output and, when the environment names a file in
+/// LASERWELD_MEASURES, tab by tab at its end, behind the name of the program.
+inline void print(const std::string& name, const std::string& figures, const std::string& verdict)
 {
-    const bool holds = figures.ratio() <= limit;
-    std::printf("%-58s %12.1f us %12.1f us   ratio %6.3f   limit %5.2f   %s\n", name, figures.ours,
-                figures.peer, figures.ratio(), limit, holds ? "ok" : "OVER");
+    std::printf("%-62s %s %s\n", name.c_str(), figures.c_str(), verdict.c_str());
+    std::fflush(stdout);
+    const char* path = std::getenv("LASERWELD_MEASURES");
+    if (std::FILE* file = path ? std::fopen(path, "a") : nullptr) {
+        std::fprintf(file, "%s\t%s\t%s\t%s\n", program_invocation_short_name, name.c_str(),
+                     figures.c_str(), verdict.c_str());
+        std::fclose(file);
+    }
+}
+
+inline std::string text(const Figures& figures, const char* unit)
+{
+    char line[100];
+    std::snprintf(line, sizeof line, "%12.1f %12.1f %-3s %9.3f", figures.ours, figures.peer, unit,
+                  figures.ratio());
+    return line;
+}
+
+/// Prints the figures beside the bound of their ratio; false when it is over that.
+inline bool report(const std::string& name, const Figures& figures, double bound,
+                   const char* unit = "us")
+{
+    const bool holds = figures.ratio() <= bound;
+    char limit[20];
+    std::snprintf(limit, sizeof limit, " %6.2f", bound);
+    print(name, text(figures, unit) + limit, holds ? "ok" : "OVER");
     return holds;
+}
+
+/// Prints figures that have no bound.
+inline void note(const std::string& name, const Figures& figures, const char* unit)
+{
+    print(name, text(figures, unit) + "      -", "-");
+}
+
+/// Prints a count that is to be nothing; false when it is not.
+inline bool reportNone(const std::string& name, long long count, const char* unit)
+{
+    char line[100];
+    std::snprintf(line, sizeof line, "%12lld %12s %-3s %9s %6d", count, "-", unit, "-", 0);
+    print(name, line, count == 0 ? "ok" : "OVER");
+    return count == 0;
 }
 
 } // namespace Ratio

@@ -8,6 +8,7 @@
 
 #include "PageBench.h"
 #include "Ratio.h"
+#include "Resident.h"
 #include "StyleHelpers.h"
 
 #include <QApplication>
@@ -267,34 +268,20 @@ void warmDesktop()
     }
 }
 
-/// Resident memory of the process, in KiB.
-long residentKiB()
-{
-    QFile status(QLatin1String("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QList<QByteArray> lines = status.readAll().split('\n');
-    for (const QByteArray& line : lines) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').first().toLong();
-    }
-    return 0;
-}
-
 /// One round: prints microseconds and KiB.
 int runRound(bool ours)
 {
     CellHost host;
     warmDesktop();
     const Sheets sheets;
-    const long before = residentKiB();
+    const double before = residentKiB();
     const double taken = Ratio::microseconds([&] {
         if (ours)
             openPlugin(host);
         else
             openWithLoader(sheets);
     });
-    std::printf("%.1f %ld\n", taken, residentKiB() - before);
+    std::printf("%.1f %.0f\n", taken, residentKiB() - before);
     std::fflush(stdout);
     std::_Exit(0);
 }
@@ -302,7 +289,7 @@ int runRound(bool ours)
 struct Round
 {
     double microseconds = 1e300;
-    long kibibytes = 0;
+    double kibibytes = 0;
 };
 
 Round startRound(const char* side, const QString& folder)
@@ -316,7 +303,7 @@ Round startRound(const char* side, const QString& folder)
     const QList<QByteArray> fields = lines.last().split(' ');
     if (fields.size() != 2)
         qFatal("a round of %s gave nothing", side);
-    return {fields.at(0).toDouble(), fields.at(1).toLong()};
+    return {fields.at(0).toDouble(), fields.at(1).toDouble()};
 }
 
 void keepLeast(Round& least, const Round& round)
@@ -342,7 +329,6 @@ int main(int argc, char** argv)
     }
     const bool holds = Ratio::report("library load to first frame / QUiLoader",
                                      {ours.microseconds, peer.microseconds}, Limit);
-    std::printf("%-58s %9ld KiB %12ld KiB\n", "memory that it adds / QUiLoader", ours.kibibytes,
-                peer.kibibytes);
+    Ratio::note("memory that the load adds / QUiLoader", {ours.kibibytes, peer.kibibytes}, "KiB");
     return holds ? 0 : 1;
 }

@@ -257,11 +257,11 @@ bool measureShows()
     const double own = leastOf(
         Rounds, [&plain] { return Ratio::processorMicroseconds([&plain] { plain.fill(); }); });
     const double straightforward = Boxes * straightforwardBox(*plain.boxes.front());
-    bool holds = report("later show / 24 own models filled once", again, own, 0.3);
-    holds &= report("later show / straightforward (one box taken 24 times)", again, straightforward,
-                    0.01);
-    holds &= report("later show / the same with 100 ports of each kind", again, few, 3.0);
-    holds &= report("first show / straightforward", first,
+    bool holds = report("Weld I/O, later show / 24 own models filled once", again, own, 0.3);
+    holds &= report("Weld I/O, later show / straightforward (one box taken 24 times)", again,
+                    straightforward, 0.01);
+    holds &= report("Weld I/O, later show / the same with 100 ports of each kind", again, few, 3.0);
+    holds &= report("Weld I/O, first show / straightforward", first,
                     straightforward + straightforwardFirstShow(), 0.15);
     return holds;
 }
@@ -285,7 +285,7 @@ bool measureLayout()
     window.show(); // asks for the first pass
     const double first = pass();
     const double again = leastOf(Rounds, pass);
-    return report("full layout, nothing changed / the first one", again, first, 0.1);
+    return report("Weld I/O, full layout, nothing changed / the first one", again, first, 0.1);
 }
 
 bool measurePopup()
@@ -326,11 +326,9 @@ bool measureMemory()
     const LiveHeap::Count unshown = LiveHeap::now();
     stage.show();
     const long long ours = (LiveHeap::now() - unshown).bytes;
-    const double ratio = static_cast<double>(ours) / static_cast<double>(own);
-    std::printf("%-58s %12.1f kB %12.1f kB   ratio %6.3f   limit %5.2f   %s\n",
-                "memory of the first show / 24 own models", static_cast<double>(ours) / 1024,
-                static_cast<double>(own) / 1024, ratio, 0.2, ratio <= 0.2 ? "ok" : "OVER");
-    return ratio <= 0.2;
+    return Ratio::report("Weld I/O, memory of the first show / 24 own models",
+                         {static_cast<double>(ours) / 1024, static_cast<double>(own) / 1024}, 0.2,
+                         "kB");
 }
 
 } // namespace
