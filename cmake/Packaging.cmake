@@ -36,5 +36,5 @@ set(CPACK_DEBIAN_PLUGIN_PACKAGE_DEPENDS "libc6, libstdc++6, libqt5core5a, libqt5
 set(CPACK_DEBIAN_PENDANT_PACKAGE_NAME qellaserwelding-pendant)
 set(CPACK_DEBIAN_PENDANT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_PENDANT_PACKAGE_DEPENDS
-    "qellaserwelding-plugin (= ${PROJECT_VERSION}), libqt5sql5-sqlite, libqt5svg5, fonts-noto-cjk")
+    "qellaserwelding-plugin (= ${PROJECT_VERSION}), libqt5sql5-sqlite, libqt5svg5, qttranslations5-l10n, fonts-noto-cjk")
 include(CPack)

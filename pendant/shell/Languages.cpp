@@ -47,7 +47,8 @@ void Languages::choose(Language chosen)
     if (chosen == Language::English)
         return;
     registerCatalogue();
-    // Of dialogs that Qt itself brings; not every system has it.
+    // Of the dialogs that Qt itself brings (Debian: qttranslations5-l10n); without it they are
+    // English.
     install(QLibraryInfo::location(QLibraryInfo::TranslationsPath) +
                 QStringLiteral("/qtbase_zh_CN.qm"),
             false);
