@@ -36,11 +36,11 @@ constexpr FaultCase FaultCases[] = {
      R"(the controller refuses: "return" is 5, at the main switch `false`)"},
     {"no reply", "no-reply", "the command gets lost; the reply is an empty array"},
     {"empty array", "empty-reply", "the reply is an empty array"},
-    {"wrong types", "element-types",
+    {"other types", "element-types",
      R"(the reply is `[null, true, 7, "done", [], {}]`: no element is an answer)"},
     {"another plugin", "foreign-reply", "the reply stands under another plugin's name"},
     {"no “return”", "missing-return", "the command's object is empty"},
-    {"exchanged types", "wrong-types",
+    {"wrong types", "wrong-types",
      "texts stand for numbers, numbers for texts and for `true` and `false`"},
     {"`null`", "return-value=null", "is in the place of each value of the answer"},
     {"`true`", "return-value=true", "the same"},
@@ -76,6 +76,17 @@ QStringList faultNames()
     for (const FaultCase& each : FaultCases)
         names << QString::fromUtf8(each.name);
     return names;
+}
+
+/// How the panel calls what the option turns on.
+QString captionOf(const QString& option)
+{
+    const QString name = option.section(QLatin1Char('='), 0, 0);
+    for (const pendant::FaultRow& row : pendant::faultRows()) {
+        if (name == QLatin1String(row.name))
+            return QString::fromLatin1(row.caption);
+    }
+    return {};
 }
 
 /// To the heading under which a group's table stands.
@@ -224,11 +235,12 @@ QString TestFaultTable::faultTable()
     QVector<QStringList> rows;
     for (const FaultCase& each : FaultCases) {
         const QString option = QString::fromLatin1(each.option);
-        rows.append({QString::fromUtf8(each.name),
+        rows.append({QString::fromUtf8(each.name), captionOf(option),
                      option.isEmpty() ? QString() : "`%1`"_s.arg(option),
                      QString::fromUtf8(each.meaning)});
     }
-    return FaultDocument::plainTable({"In the tables"_s, "`--fault`"_s, "Means"_s}, rows);
+    return FaultDocument::plainTable(
+        {"In the tables"_s, "In the panel"_s, "`--fault`"_s, "Means"_s}, rows);
 }
 
 void TestFaultTable::documentTellsIt_data()
