@@ -78,17 +78,17 @@ FaultBench::FaultBench()
     using pendant::ShellBackend;
     // Or the page that waits for it goes on logging.
     backend.createCenterWidget(QStringLiteral("qelLaserSeamTracking"), new QWidget);
-    QObject::connect(&backend, &ShellBackend::pageCreated,
+    QObject::connect(&backend, &ShellBackend::pageCreated, &backend,
                      [this](const QString&, QWidget* page) { centre = page; });
-    QObject::connect(&backend, &ShellBackend::indicatorCreated,
+    QObject::connect(&backend, &ShellBackend::indicatorCreated, &backend,
                      [this](const QString&, QWidget* widget) { indicator = widget; });
-    QObject::connect(&backend, &ShellBackend::keysCreated,
+    QObject::connect(&backend, &ShellBackend::keysCreated, &backend,
                      [this](const QString&, const QString&,
                             const QList<qelplugin::PhysicalButton>& firstList,
                             const QList<qelplugin::PhysicalButton>& secondList) {
                          keys = firstList + secondList;
                      });
-    QObject::connect(&backend, &ShellBackend::messageThrown,
+    QObject::connect(&backend, &ShellBackend::messageThrown, &backend,
                      [this](const QString&, int level, const QString& text) {
                          told << QStringLiteral("%1: %2").arg(QLatin1Char("IWE"[level])).arg(text);
                      });

@@ -1,6 +1,7 @@
 #include "FaultDocument.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -80,7 +81,7 @@ QString FaultDocument::table(const QStringList& faults, const QVector<DeedOutcom
     if (hasExceptions)
         head.insert(1, QStringLiteral("At"));
     QVector<QStringList> cells;
-    for (const Row& each : rows) {
+    for (const Row& each : std::as_const(rows)) {
         cells.append({each.faults.join(QStringLiteral(", ")), each.cells});
         if (hasExceptions)
             cells.last().insert(1, each.deeds.isEmpty() ? QStringLiteral("all") : each.deeds);

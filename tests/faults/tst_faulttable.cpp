@@ -11,7 +11,7 @@
 #include <QLoggingCategory>
 
 #include <memory>
-#include <optional>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -222,7 +222,7 @@ QString TestFaultTable::deedTable() const
     QVector<QStringList> rows;
     for (const auto& deed : deeds) {
         QStringList words;
-        for (const auto& [word, own] : deed->words)
+        for (const auto& [word, own] : std::as_const(deed->words))
             words << "%1: %2"_s.arg(word, own);
         rows.append(
             {deed->name, "`%1`"_s.arg(deed->command), words.join(", "_s), linkTo(deed->group)});
