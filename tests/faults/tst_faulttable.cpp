@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -116,6 +117,8 @@ private Q_SLOTS:
     void cleanupTestCase();
     void commandUnderFault_data();
     void commandUnderFault();
+    void weldingCanBeStopped_data();
+    void weldingCanBeStopped();
     void documentTellsIt_data();
     void documentTellsIt();
 
@@ -202,6 +205,42 @@ void TestFaultTable::commandUnderFault()
     QCOMPARE(perform(done, NoFault).cells(), clean.cells());
     QCOMPARE(sent, bench->backend.sent.mid(0, sent.size()));
     QVERIFY(done.showsTruth(*bench));
+}
+
+void TestFaultTable::weldingCanBeStopped_data()
+{
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<int>("strokes");
+    QTest::newRow("start, answer lost") << "Start"_s
+                                        << "lost after"_s << 2;
+    QTest::newRow("start, no answer") << "Start"_s
+                                      << "empty array"_s << 2;
+    QTest::newRow("save behind it lost") << "Save behind a start"_s
+                                         << "lost before"_s << 2;
+    QTest::newRow("stop lost") << "Stop"_s
+                               << "lost before"_s << 1;
+    QTest::newRow("stop refused") << "Stop"_s
+                                  << "refused"_s << 1;
+}
+
+// The page is opened again, and the switch is worked as often as the document says.
+void TestFaultTable::weldingCanBeStopped()
+{
+    QFETCH(QString, group);
+    QFETCH(QString, fault);
+    QFETCH(int, strokes);
+    const auto found = std::find_if(deeds.cbegin(), deeds.cend(),
+                                    [&](const auto& each) { return each->group == group; });
+    QVERIFY(found != deeds.cend());
+    Deed& deed = **found;
+    perform(deed, faultNames().indexOf(fault));
+    QVERIFY(deed.held(*bench).startsWith("welding on"_s));
+    QVERIFY(deed.showsTruth(*bench));
+    bench->touch();
+    for (int stroke = 0; stroke < strokes; ++stroke)
+        deed.act(*bench);
+    QVERIFY(deed.held(*bench).startsWith("welding off"_s));
 }
 
 QString TestFaultTable::groupTable(const QString& group)
