@@ -197,10 +197,24 @@ QJsonArray Controller::command(const QString& plugin, const QJsonObject& data)
     if (d->faults.replyDelay > 0)
         QThread::msleep(static_cast<unsigned long>(d->faults.replyDelay));
     const Faults faults = d->faults;
+    if (faults.noReply || faults.lostBefore)
+        return lose(data, faults.lostBefore);
     Transaction transaction{*d->cell, d->faults, d->isPowered, d->device.state(), {}};
     Orders orders = d->carryOut(plugin, data, transaction);
     d->conclude(*this, transaction, orders);
+    if (faults.lostAfter)
+        setConnected(false);
     return envelope(plugin, answers(orders), faults);
+}
+
+/// What a tester wants to get lost on its way.
+QJsonArray Controller::lose(const QJsonObject& data, bool dropsConnection)
+{
+    for (auto each = data.begin(); each != data.end(); ++each)
+        Q_EMIT logged(QStringLiteral("%1 lost: a tester wants it so").arg(shortText(each.key())));
+    if (dropsConnection)
+        setConnected(false);
+    return {};
 }
 
 /// Commits, and tells everybody what came of it.

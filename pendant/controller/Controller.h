@@ -25,9 +25,14 @@ struct CellSize
 struct Faults
 {
     int replyDelay = 0;         ///< milliseconds before each reply
+    bool noReply = false;       ///< a command gets lost: nothing is done, an empty array comes
+    bool lostBefore = false;    ///< a command drops the connection and is not carried out
+    bool lostAfter = false;     ///< a command is carried out and drops the connection
     bool emptyReply = false;    ///< an empty array, after the command was carried out
+    bool elementTypes = false;  ///< an array with an element of each type, none a command's answer
     bool foreignReply = false;  ///< the reply stands under another plugin's name
     bool missingReturn = false; ///< the command's object has no "return"
+    int returnValue = 0;        ///< one of returnValueNames(), from 1, for each value of an answer
     int returnCode = 0;         ///< refuse every command with this code when it is not 0
     bool wrongTypes = false;    ///< texts for numbers and numbers for texts in replies and records
     bool registersNoArray = false;     ///< the register list is an object
@@ -147,6 +152,7 @@ private:
                        const Change& carryOut);
 
     explicit Controller(std::unique_ptr<Private> state);
+    QJsonArray lose(const QJsonObject& data, bool dropsConnection);
     std::unique_ptr<Private> d;
 };
 

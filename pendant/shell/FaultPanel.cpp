@@ -5,6 +5,7 @@
 #include "Theme.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -62,6 +63,8 @@ void FaultPanel::addFault(const FaultRow& row)
 {
     if (row.flag)
         addFlag(row);
+    else if (row.choices)
+        addChoice(row);
     else
         addNumber(row);
 }
@@ -80,15 +83,10 @@ void FaultPanel::addFlag(const FaultRow& row)
 
 void FaultPanel::addNumber(const FaultRow& row)
 {
-    auto* caption = new QLabel(tr(row.caption), this);
-    caption->setToolTip(tr(row.hint));
     auto* box = new QSpinBox(this);
-    box->setObjectName(QStringLiteral("fault_") + QString::fromLatin1(row.name));
     box->setRange(row.minimum, row.maximum);
     box->setSuffix(QString::fromLatin1(row.unit));
     box->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    box->setFixedWidth(Theme::px(110));
-    caption->setBuddy(box);
     const auto number = row.number;
     connect(box, qOverload<int>(&QSpinBox::valueChanged), this,
             [this, number](int value) { turn([&](Faults& faults) { faults.*number = value; }); });
@@ -96,7 +94,30 @@ void FaultPanel::addNumber(const FaultRow& row)
         const QSignalBlocker quiet(box);
         box->setValue(faults.*number);
     });
-    place(caption, box);
+    place(captionOf(row, box), box);
+}
+
+void FaultPanel::addChoice(const FaultRow& row)
+{
+    auto* box = new QComboBox(this);
+    box->addItem(tr("none"));
+    box->addItems(row.choices());
+    const auto number = row.number;
+    connect(box, qOverload<int>(&QComboBox::activated), this,
+            [this, number](int value) { turn([&](Faults& faults) { faults.*number = value; }); });
+    loaders.emplace_back(
+        [box, number](const Faults& faults) { box->setCurrentIndex(faults.*number); });
+    place(captionOf(row, box), box);
+}
+
+QLabel* FaultPanel::captionOf(const FaultRow& row, QWidget* field)
+{
+    auto* caption = new QLabel(tr(row.caption), this);
+    caption->setToolTip(tr(row.hint));
+    caption->setBuddy(field);
+    field->setObjectName(QStringLiteral("fault_") + QString::fromLatin1(row.name));
+    field->setFixedWidth(Theme::px(110));
+    return caption;
 }
 
 void FaultPanel::place(QWidget* widget, QWidget* field)

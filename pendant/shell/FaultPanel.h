@@ -8,6 +8,7 @@
 class QAbstractButton;
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 class QSpinBox;
 
 namespace pendant {
@@ -46,6 +47,8 @@ private:
     void addFault(const FaultRow& row);
     void addFlag(const FaultRow& row);
     void addNumber(const FaultRow& row);
+    void addChoice(const FaultRow& row);
+    QLabel* captionOf(const FaultRow& row, QWidget* field);
     void place(QWidget* widget, QWidget* field = nullptr);
     void turn(const std::function<void(Faults&)>& change);
     void load();

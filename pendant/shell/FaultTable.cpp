@@ -1,14 +1,27 @@
 #include "FaultTable.h"
 
+#include "Envelope.h"
+
 #include <algorithm>
+#include <optional>
 
 namespace pendant {
 
 const std::vector<FaultRow>& faultRows()
 {
     static const std::vector<FaultRow> rows{
+        {"no-reply", "No reply", "A command gets lost: nothing is done, an empty array comes",
+         &Faults::noReply, nullptr, 0, 0, 0, ""},
+        {"lost-before", "Lost before storing",
+         "A command drops the connection and is not carried out", &Faults::lostBefore, nullptr, 0,
+         0, 0, ""},
+        {"lost-after", "Lost after storing", "A command is carried out and drops the connection",
+         &Faults::lostAfter, nullptr, 0, 0, 0, ""},
         {"empty-reply", "Empty reply", "Commands are carried out, the reply is an empty array",
          &Faults::emptyReply, nullptr, 0, 0, 0, ""},
+        {"element-types", "Reply of other types",
+         "The reply is an array with an element of each type, none an answer",
+         &Faults::elementTypes, nullptr, 0, 0, 0, ""},
         {"foreign-reply", "Reply of another plugin", "The reply stands under another plugin's name",
          &Faults::foreignReply, nullptr, 0, 0, 0, ""},
         {"missing-return", "Reply without \"return\"", "The command's answer has no result",
@@ -31,6 +44,9 @@ const std::vector<FaultRow>& faultRows()
          0, 0, 0, ""},
         {"return-code", "Refuse with code", "Every command is refused with this code; 0: none",
          nullptr, &Faults::returnCode, -9999, 9999, 5, ""},
+        {"return-value", "Other value in \"return\"",
+         "Each value of an answer is replaced by another one", nullptr, &Faults::returnValue, 0,
+         static_cast<int>(returnValueNames().size()), 1, "", returnValueNames},
         {"reply-delay", "Delay of replies", "Time before each reply; 0: none", nullptr,
          &Faults::replyDelay, 0, 60000, 1000, " ms"},
     };
@@ -47,22 +63,37 @@ QStringList faultNames()
 
 namespace {
 
+/// Nothing when the text is no number that the row takes.
+std::optional<int> numberOf(const FaultRow& row, const QString& text)
+{
+    if (text.isNull())
+        return row.usual;
+    bool isNumber = true;
+    const int number = row.choices ? row.choices().indexOf(text) + 1 : text.toInt(&isNumber);
+    const bool isChosen = !row.choices || number > 0;
+    if (!isNumber || !isChosen || number < row.minimum || number > row.maximum)
+        return std::nullopt;
+    return number;
+}
+
 QString applyNumber(const FaultRow& row, const QString& text, Faults* faults)
 {
-    bool isNumber = true;
-    const int number = text.isNull() ? row.usual : text.toInt(&isNumber);
-    if (!isNumber || number < row.minimum || number > row.maximum) {
-        return QStringLiteral("fault \"%1\" takes a number from %2 to %3, not \"%4\"")
-            .arg(QString::fromLatin1(row.name))
-            .arg(row.minimum)
-            .arg(row.maximum)
-            .arg(text);
-    }
-    faults->*row.number = number;
+    const std::optional<int> number = numberOf(row, text);
+    if (!number)
+        return QStringLiteral("fault \"%1\" takes %2, not \"%3\"")
+            .arg(QString::fromLatin1(row.name), faultRange(row), text);
+    faults->*row.number = *number;
     return {};
 }
 
 } // namespace
+
+QString faultRange(const FaultRow& row)
+{
+    if (row.choices)
+        return QStringLiteral("one of %1").arg(row.choices().join(QLatin1String(", ")));
+    return QStringLiteral("a number from %1 to %2").arg(row.minimum).arg(row.maximum);
+}
 
 QString applyFault(const QString& text, Faults* faults)
 {

@@ -33,7 +33,7 @@ namespace {
 
 constexpr int LogLines = 2000;
 // Height for 96 dots per inch: all faults are in view.
-constexpr int LeastDrawer = 376;
+constexpr int LeastDrawer = 450;
 // Width for 96 dots per inch: below it the keys are narrow.
 constexpr int WideWindow = 1000;
 // For 96 dots per inch. The plugins hold back half of what a screen has more.

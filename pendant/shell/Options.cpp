@@ -148,7 +148,7 @@ const std::vector<Row>& rows()
          [](Options& o, Text) { return o.powered = true, QString(); }},
         {"disconnected", nullptr, "Start without a connection to the controller.",
          [](Options& o, Text) { return o.disconnected = true, QString(); }},
-        {"fault", "NAME", "Turn a fault on, as NAME or NAME=NUMBER; may be repeated.",
+        {"fault", "NAME", "Turn a fault on, as NAME or NAME=VALUE; may be repeated.",
          [](Options& o, Text t) { return applyFault(t, &o.faults); }},
         {"help", nullptr, "Print this and end.",
          [](Options& o, Text) { return o.help = true, QString(); }},
@@ -229,7 +229,7 @@ QString faultHelp()
     for (const FaultRow& row : faultRows()) {
         QString hint = QString::fromLatin1(row.hint);
         if (row.number)
-            hint += QStringLiteral(" (%1 to %2)").arg(row.minimum).arg(row.maximum);
+            hint += QStringLiteral("; takes %1").arg(faultRange(row));
         text += QStringLiteral("  %1%2\n")
                     .arg(QString::fromLatin1(row.name).leftJustified(19), wrapped(hint, 76, 21));
     }

@@ -230,6 +230,50 @@
         <translation>单元处于非焊接模式</translation>
     </message>
     <message>
+        <source>No reply</source>
+        <translation>无应答</translation>
+    </message>
+    <message>
+        <source>A command gets lost: nothing is done, an empty array comes</source>
+        <translation>命令丢失：什么也不执行，应答为空数组</translation>
+    </message>
+    <message>
+        <source>Lost before storing</source>
+        <translation>存储前断开</translation>
+    </message>
+    <message>
+        <source>A command drops the connection and is not carried out</source>
+        <translation>命令使连接断开，且不被执行</translation>
+    </message>
+    <message>
+        <source>Lost after storing</source>
+        <translation>存储后断开</translation>
+    </message>
+    <message>
+        <source>A command is carried out and drops the connection</source>
+        <translation>命令被执行，随后连接断开</translation>
+    </message>
+    <message>
+        <source>Reply of other types</source>
+        <translation>应答元素类型错误</translation>
+    </message>
+    <message>
+        <source>The reply is an array with an element of each type, none an answer</source>
+        <translation>应答数组含每种类型的一个元素，均不是有效应答</translation>
+    </message>
+    <message>
+        <source>Other value in &quot;return&quot;</source>
+        <translation>“return”为其他值</translation>
+    </message>
+    <message>
+        <source>Each value of an answer is replaced by another one</source>
+        <translation>应答中的每个值都被另一个值替换</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
         <source>Empty reply</source>
         <translation>空应答</translation>
     </message>

@@ -1,5 +1,6 @@
 #include "ControllerFixture.h"
 #include "DefaultCell.h"
+#include "Envelope.h"
 #include "FullDisk.h"
 #include "OldCell.h"
 #include "ResultCode.h"
@@ -173,6 +174,11 @@ private Q_SLOTS:
     void faultEmptyReply();
     void faultForeignReply();
     void faultMissingReturn();
+    void faultReturnValue_data();
+    void faultReturnValue();
+    void faultElementTypes();
+    void faultLostCommand_data();
+    void faultLostCommand();
     void faultReturnCode();
     void faultWrongTypes();
     void faultRegisters();
@@ -1010,6 +1016,79 @@ void ControllerTest::faultMissingReturn()
     m_controller->setFaults(faults);
     const QJsonObject answers{{redLight, QJsonObject()}};
     QCOMPARE(send(redLight, true), QJsonArray{QJsonObject({{plugin, answers}})});
+}
+
+void ControllerTest::faultReturnValue_data()
+{
+    QTest::addColumn<QJsonValue>("value");
+    QTest::newRow("null") << QJsonValue(QJsonValue::Null);
+    QTest::newRow("true") << QJsonValue(true);
+    QTest::newRow("false") << QJsonValue(false);
+    QTest::newRow("text-0") << QJsonValue(QStringLiteral("0"));
+    QTest::newRow("text-7") << QJsonValue(QStringLiteral("7"));
+    QTest::newRow("text") << QJsonValue(QStringLiteral("done"));
+    QTest::newRow("fraction") << QJsonValue(2.5);
+    QTest::newRow("negative") << QJsonValue(-1);
+    QTest::newRow("huge") << QJsonValue(1e300);
+    QTest::newRow("array") << QJsonValue(QJsonArray{7});
+    QTest::newRow("object") << QJsonValue(QJsonObject{{QStringLiteral("code"), 7}});
+}
+
+void ControllerTest::faultReturnValue()
+{
+    QFETCH(QJsonValue, value);
+    Faults faults;
+    faults.returnValue =
+        returnValueNames().indexOf(QString::fromLatin1(QTest::currentDataTag())) + 1;
+    QVERIFY(faults.returnValue > 0);
+    m_controller->setFaults(faults);
+    QCOMPARE(send(redLight, true), reply(redLight, value));
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(true));
+}
+
+void ControllerTest::faultElementTypes()
+{
+    Faults faults;
+    faults.elementTypes = true;
+    m_controller->setFaults(faults);
+    const QJsonArray answered = send(redLight, true);
+    QVector<QJsonValue::Type> types;
+    for (const QJsonValue& each : answered)
+        types << each.type();
+    QCOMPARE(types, (QVector<QJsonValue::Type>{QJsonValue::Null, QJsonValue::Bool,
+                                               QJsonValue::Double, QJsonValue::String,
+                                               QJsonValue::Array, QJsonValue::Object}));
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(true));
+}
+
+void ControllerTest::faultLostCommand_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("isConnected");
+    QTest::addColumn<bool>("isCarriedOut");
+    QTest::newRow("no reply") << 0 << true << false;
+    QTest::newRow("lost before") << 1 << false << false;
+    QTest::newRow("lost after") << 2 << false << true;
+}
+
+void ControllerTest::faultLostCommand()
+{
+    QFETCH(int, row);
+    QFETCH(bool, isConnected);
+    QFETCH(bool, isCarriedOut);
+    const QSignalSpy log(m_controller.get(), &Controller::logged);
+    bool Faults::*const lost[] = {&Faults::noReply, &Faults::lostBefore, &Faults::lostAfter};
+    Faults faults;
+    faults.*lost[row] = true;
+    m_controller->setFaults(faults);
+    QCOMPARE(send(redLight, true), QJsonArray());
+    QCOMPARE(m_controller->isConnected(), isConnected);
+    m_controller->setConnected(true);
+    QCOMPARE(weldStatus(*m_controller, "weld_redlight_status"), QJsonValue(isCarriedOut));
+    QCOMPARE(log.size(), 1);
+    QCOMPARE(log.at(0).at(0).toString(),
+             redLight + (isCarriedOut ? QStringLiteral(" done")
+                                      : QStringLiteral(" lost: a tester wants it so")));
 }
 
 void ControllerTest::faultReturnCode()

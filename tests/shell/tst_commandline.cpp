@@ -100,6 +100,12 @@ void TestCommandLine::understood_data()
     row("--fault port-gone", [](const Options& o) { return o.faults.firstPortGone; });
     row("--fault return-code", [](const Options& o) { return o.faults.returnCode != 0; });
     row("--fault return-code=-7", [](const Options& o) { return o.faults.returnCode == -7; });
+    row("--fault no-reply", [](const Options& o) { return o.faults.noReply; });
+    row("--fault lost-before", [](const Options& o) { return o.faults.lostBefore; });
+    row("--fault lost-after", [](const Options& o) { return o.faults.lostAfter; });
+    row("--fault element-types", [](const Options& o) { return o.faults.elementTypes; });
+    row("--fault return-value", [](const Options& o) { return o.faults.returnValue == 1; });
+    row("--fault return-value=object", [](const Options& o) { return o.faults.returnValue == 11; });
     row("--fault reply-delay=250", [](const Options& o) { return o.faults.replyDelay == 250; });
 }
 
@@ -138,7 +144,8 @@ void TestCommandLine::refused_data()
     row("--tracking later", "--tracking later: takes now, never or a number of seconds");
     row("--tracking -1", "takes now, never or a number of seconds from 0 to 3600");
     row("--tracking 3601", "takes now, never or a number of seconds");
-    row("--fault unknown", "there is no fault \"unknown\"; there are: empty-reply, ");
+    row("--fault unknown", "there is no fault \"unknown\"; there are: no-reply, ");
+    row("--fault return-value=5", "takes one of null, true, false, text-0, ");
     row("--fault empty-reply=1", "takes no value");
     row("--fault reply-delay=soon", "takes a number from 0 to 60000, not \"soon\"");
     row("--fault reply-delay=60001", "takes a number from 0 to 60000");

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QSignalSpy>
 #include <QSpinBox>
 
@@ -42,6 +43,11 @@ void TestFaultPanel::everyFaultCanBeTurned()
     if (fault.flag) {
         child<QCheckBox>(&panel, name.constData())->click();
         QVERIFY(cell->faults().*fault.flag);
+    } else if (fault.choices) {
+        auto* box = child<QComboBox>(&panel, name.constData());
+        QCOMPARE(box->count(), fault.maximum + 1);
+        QTest::keyClick(box, Qt::Key_End);
+        QCOMPARE(cell->faults().*fault.number, fault.maximum);
     } else {
         child<QSpinBox>(&panel, name.constData())->setValue(fault.maximum);
         QCOMPARE(cell->faults().*fault.number, fault.maximum);

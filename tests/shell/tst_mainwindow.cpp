@@ -79,6 +79,7 @@ private Q_SLOTS:
     void panels_data();
     void panels();
     void onePanelAtATime();
+    void allFaultsAreInView();
     void refusedLibraryOpensTheList();
     void loadedLibrariesDoNot();
     void controllerLogIsShown();
@@ -318,6 +319,18 @@ void TestMainWindow::onePanelAtATime()
     QVERIFY(child<QWidget>(&bench.window, "panel_faults")->isVisible());
     QVERIFY(!child<QAbstractButton>(&bench.window, "button_messages")->isChecked());
     QVERIFY(child<QAbstractButton>(&bench.window, "button_faults")->isChecked());
+}
+
+void TestMainWindow::allFaultsAreInView()
+{
+    Bench bench;
+    bench.window.resize(800, 600);
+    bench.click("button_faults");
+    const auto fields = child<QWidget>(&bench.window, "panel_faults")->findChildren<QWidget*>();
+    for (const QWidget* each : fields) {
+        if (each->objectName().startsWith(QLatin1String("fault_")))
+            QTRY_COMPARE(each->visibleRegion().boundingRect(), each->rect());
+    }
 }
 
 void TestMainWindow::refusedLibraryOpensTheList()
