@@ -718,6 +718,10 @@ void TestWeldioLayout::pageStyle()
         QCOMPARE(box->font().family(), font.family());
         QCOMPARE(box->font().pointSize(), font.pointSize());
     }
+    // On a page that is on show it takes effect at once.
+    all.first()->setFont(UiScale::font(20, t.page.get()));
+    t.page->applyPageStyle();
+    QCOMPARE(all.first()->font().pointSize(), font.pointSize());
 }
 
 // The rules in the order in which they stand.
