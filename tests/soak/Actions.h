@@ -26,8 +26,8 @@ Actions cellActions();
 Actions windowActions();
 Actions programActions();
 
-/// A pendant to compare with another one: connected, not powered, no fault, nobody logged in, in
-/// English and light, nothing held or open, and "Weld Setup" in view.
-void tidyUp(Scene& scene);
+/// A round through all of the pendant that leaves it as it was: what is more after it than before
+/// has leaked.
+void goRound(Scene& scene);
 
 } // namespace soak

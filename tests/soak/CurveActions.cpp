@@ -81,18 +81,10 @@ bool nodesRise(Scene& scene, int index)
     const QJsonArray nodes = Forms::curveRecord(scene.pageWidget(), index)
                                  .value(latin(Forms::curve(index).dataKey))
                                  .toArray();
-    const int row = Forms::firstNotRising(nodes);
-    if (nodes.size() < 2)
-        scene.model.tell(
-            Model::Warning,
-            shown(Context, "Validation failed,The table requires at least two rows of data!"));
-    else if (row > 0)
-        scene.model.tell(
-            Model::Warning,
-            shown(Context, "The data in line %1 must be greater than the data in row %2!")
-                .arg(row)
-                .arg(row - 1));
-    return nodes.size() >= 2 && row == 0;
+    const QString complaint = Forms::complaint(nodes);
+    if (!complaint.isEmpty())
+        scene.model.tell(Model::Warning, complaint);
+    return complaint.isEmpty();
 }
 
 void compute(Scene& scene)

@@ -1,6 +1,7 @@
 #include "Forms.h"
 
 #include "Failure.h"
+#include "TourStage.h"
 #include "WeldSignals.h"
 
 #include <QComboBox>
@@ -263,15 +264,22 @@ QJsonObject curveRecord(QWidget* page, int index)
             {latin(Curves[index].dataKey), nodes}};
 }
 
-int firstNotRising(const QJsonArray& nodes)
+QString complaint(const QJsonArray& nodes)
 {
+    constexpr const char* context = "CharacteristicsCurvePage";
+    if (nodes.size() < 2)
+        return pendant::shown(context,
+                              "Validation failed,The table requires at least two rows of data!");
     for (int row = 1; row < nodes.size(); ++row) {
         for (int column = 0; column < 2; ++column) {
             if (nodes.at(row)[column].toDouble() <= nodes.at(row - 1)[column].toDouble())
-                return row + 1;
+                return pendant::shown(
+                           context, "The data in line %1 must be greater than the data in row %2!")
+                    .arg(row + 1)
+                    .arg(row);
         }
     }
-    return 0;
+    return {};
 }
 
 } // namespace soak::Forms

@@ -55,8 +55,8 @@ constexpr int CurveCount = 4;
 const Curve& curve(int index);
 /// The two keys of the curve in "weld_curve_config".
 QJsonObject curveRecord(QWidget* page, int index);
-/// The first row, from 1, that does not rise above the one before; 0 when all rise.
-int firstNotRising(const QJsonArray& nodes);
+/// What the page tells of nodes that it sends nowhere; empty for those that it sends.
+QString complaint(const QJsonArray& nodes);
 
 } // namespace Forms
 

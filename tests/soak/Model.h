@@ -58,6 +58,8 @@ public:
     QStringList allowedWarnings; ///< beginnings
 
     void beginStep();
+    /// What the plugin warns of while records and lists are not read as they are.
+    void allowForUntrueReads();
 
     bool mayOperate() const { return level >= 3; }
     /// The controller's records and lists are read as they are.

@@ -59,11 +59,13 @@ void Scene::reopen()
     if (stage.isOpen()) {
         model.releaseKeys();
         stage.close();
+        witness.controllerLines.clear(); // they went with their panel
         for (const char* library : {"libqelLaserWelding", "libqelLaserSeamTracking"})
             demand(mappedLibraries(latin(library)).isEmpty(),
                    QStringLiteral("%1 is still mapped").arg(latin(library)));
     }
     demand(stage.open(), stage.trouble());
+    ++timesOpened;
     witness.listen(stage.pendant());
     model.opened();
     pagesAreNew();
@@ -205,11 +207,9 @@ void Scene::pageRead()
         mainIsOn = Forms::isOn(Forms::within(pageWidget(), latin("pushButton_main_enable")));
     if (page == Page::Io)
         ioIsTrue = model.readsTruly();
-    if (!model.readsTruly()) {
-        model.allowedWarnings << QStringLiteral("setTableMatchData: ")
-                              << QStringLiteral("parseMatchParamToTable: ");
+    model.allowForUntrueReads();
+    if (!model.readsTruly())
         return;
-    }
     if (page == Page::Setting)
         compare(Forms::setting(pageWidget()), model.records[keys::weldSetting].toObject());
     if (page == Page::Io)
@@ -223,15 +223,10 @@ void Scene::compareCurves()
 {
     for (int index = 0; index < Forms::CurveCount; ++index) {
         const QJsonObject record = Forms::curveRecord(pageWidget(), index);
-        const int row =
-            Forms::firstNotRising(record.value(latin(Forms::curve(index).dataKey)).toArray());
-        if (computed[static_cast<std::size_t>(index)] && row > 0) {
-            model.tell(Model::Warning,
-                       shown("CharacteristicsCurvePage",
-                             "The data in line %1 must be greater than the data in row %2!")
-                           .arg(row)
-                           .arg(row - 1));
-        }
+        const QString complaint =
+            Forms::complaint(record.value(latin(Forms::curve(index).dataKey)).toArray());
+        if (computed[static_cast<std::size_t>(index)] && !complaint.isEmpty())
+            model.tell(Model::Warning, complaint);
         if (model.readsTruly())
             compare(record, model.records[keys::weldCurves].toObject());
     }

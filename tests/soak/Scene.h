@@ -43,7 +43,8 @@ public:
     /// Lines of the open program at each step of its history.
     std::vector<QStringList> history;
     int historyIndex = 0;
-    QImage realWelding;    ///< the picture of the work mode
+    QImage realWelding; ///< the picture of the work mode
+    int timesOpened = 0;
     bool mainIsOn = false; ///< the main switch on "Weld Setup"
     bool ioIsTrue = true;  ///< "Weld I/O" was read without a fault
 

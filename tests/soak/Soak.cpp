@@ -13,7 +13,8 @@ namespace keys = pendant::keys;
 namespace {
 
 constexpr int StepsTold = 20;
-constexpr int DecksInASession = 3;
+constexpr int FirstRounds = 2; // in which all is made that is made once
+constexpr int MoreRounds = 6;
 
 void print(const QString& text)
 {
@@ -48,15 +49,6 @@ void readCell(Scene& scene)
 
 } // namespace
 
-// Equal to equal: connected, nothing wrong or held, in English and light, at the first page.
-void tidyUp(Scene& scene)
-{
-    scene.leavePanels();
-    scene.showPages();
-    if (!scene.model.connected)
-        scene.turnConnection();
-}
-
 Soak::Soak(const pendant::Options& options, quint32 theSeed)
     : seed(theSeed)
     , scene(options, theSeed)
@@ -65,9 +57,7 @@ Soak::Soak(const pendant::Options& options, quint32 theSeed)
 
 bool Soak::isOver(const Length& length) const
 {
-    if (length.steps > 0)
-        return number >= length.steps;
-    return static_cast<double>(time.elapsed()) >= length.minutes * 60000;
+    return length.steps > 0 ? number >= length.steps : seconds() >= length.minutes * 60;
 }
 
 bool Soak::run(const Length& length)
@@ -76,19 +66,38 @@ bool Soak::run(const Length& length)
     time.start();
     try {
         start();
-        while (!isOver(length)) {
-            scene.chance.shuffle(deck);
-            for (std::size_t card = 0; card < deck.size() && !isOver(length); ++card)
-                play(deck[card]);
-            if (!isOver(length))
-                putInOrder();
-        }
-        failure = fresh.growth();
+        play(length);
+        goRounds();
+        failure = fresh.growth() + rounds.growth();
     } catch (const Failure& each) {
         failure = each.reason;
     }
     report(failure);
     return failure.isEmpty();
+}
+
+void Soak::play(const Length& length)
+{
+    while (!isOver(length)) {
+        scene.chance.shuffle(deck);
+        for (std::size_t card = 0; card < deck.size() && !isOver(length); ++card) {
+            const int opened = scene.timesOpened;
+            step(QString::fromLatin1(deck[card].name), deck[card].perform);
+            if (scene.timesOpened != opened)
+                fresh.add(seconds(), measure());
+        }
+    }
+}
+
+void Soak::goRounds()
+{
+    step(QStringLiteral("last reopen"), [](Scene& on) { on.reopen(); });
+    fresh.add(seconds(), measure());
+    for (int round = 0; round < FirstRounds + MoreRounds; ++round) {
+        step(QStringLiteral("round"), goRound);
+        if (round >= FirstRounds - 1)
+            rounds.add(seconds(), measure());
+    }
 }
 
 void Soak::start()
@@ -122,28 +131,16 @@ void Soak::step(const QString& name, void (*perform)(Scene& scene))
     lastSteps.last() += QStringLiteral("  ") + scene.note;
 }
 
-void Soak::play(const Action& action)
-{
-    step(QString::fromLatin1(action.name), action.perform);
-}
-
-void Soak::putInOrder()
-{
-    if (++decks % DecksInASession != 0)
-        return;
-    step(QStringLiteral("reopen"), [](Scene& on) { on.reopen(); });
-    fresh.add(static_cast<double>(time.elapsed()) / 1000, measure());
-}
-
 void Soak::report(const QString& failure) const
 {
     print(QStringLiteral("\n%1 steps in %2 s, seed %3\n\n")
               .arg(number)
-              .arg(static_cast<double>(time.elapsed()) / 1000, 0, 'f', 1)
+              .arg(seconds(), 0, 'f', 1)
               .arg(seed));
     for (auto each = counts.begin(); each != counts.end(); ++each)
         print(QStringLiteral("%1%2\n").arg(each.key(), -28).arg(each.value(), 6));
-    print(QStringLiteral("\n") + fresh.table());
+    print(QStringLiteral("\njust opened:\n%1\nround after round:\n%2")
+              .arg(fresh.table(), rounds.table()));
     if (failure.isEmpty())
         return;
     print(QStringLiteral("\nlast steps:\n%1\n\nFAILED at step %2 of seed %3: %4\n"

@@ -21,7 +21,8 @@ struct Length
 /// A pendant that is worked at random. The same seed takes the same steps, whatever the time.
 ///
 /// The actions are a deck of cards: each lies in it as often as its weight says, and when all have
-/// been played the pendant is put in order and measured, and the deck is shuffled anew.
+/// been played they are shuffled anew. Whenever the pendant has been closed and opened again it is
+/// measured; at the end it goes through the same rounds, and is measured once more.
 class Soak
 {
 public:
@@ -33,19 +34,19 @@ public:
 private:
     bool isOver(const Length& length) const;
     void start();
-    void play(const Action& action);
-    void putInOrder();
+    void play(const Length& length);
+    void goRounds();
     void step(const QString& name, void (*perform)(Scene& scene));
+    double seconds() const { return static_cast<double>(time.elapsed()) / 1000; }
     void report(const QString& failure) const;
 
     quint32 seed;
     Scene scene;
     Actions deck;
     QElapsedTimer time;
-    Course fresh; ///< just opened
-    Course used;  ///< before it is closed, when it has been worked for as long each time
+    Course fresh;  ///< of pendants that have just been opened
+    Course rounds; ///< of one that goes round
     int number = 0;
-    int decks = 0;
     QStringList lastSteps;
     QMap<QString, int> counts;
 };

@@ -57,6 +57,11 @@ void turnLanguage(Scene& scene)
         scene.pageRead();
 }
 
+void reopen(Scene& scene)
+{
+    scene.reopen();
+}
+
 } // namespace
 
 Actions windowActions()
@@ -67,6 +72,7 @@ Actions windowActions()
         {"window: clear messages", 1, clearMessages},
         {"window: theme", 3, turnTheme},
         {"window: language", 2, turnLanguage},
+        {"window: reopen", 1, reopen},
     };
 }
 
