@@ -164,6 +164,7 @@ void programs(Scene& scene)
     }
     const auto* list =
         scene.stage.window().findChild<QListWidget*>(QStringLiteral("list_programs"));
+    demand(list, latin("there is no list of programs"));
     QStringList listed;
     for (int row = 0; row < list->count(); ++row)
         listed << list->item(row)->text();

@@ -34,8 +34,10 @@ private:
         Figures figures;
     };
 
+    QString listed() const; ///< all samples
     int firstSettled() const;
     double slope(int figure) const;
+    double gain(int figure) const;
 
     QVector<Sample> samples;
 };

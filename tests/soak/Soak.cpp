@@ -4,6 +4,7 @@
 #include "Controller.h"
 #include "RecordKeys.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace soak {
@@ -64,11 +65,20 @@ bool Soak::run(const Length& length)
 {
     QString failure;
     time.start();
+    deck.erase(std::remove_if(deck.begin(), deck.end(),
+                              [&](const Action& each) {
+                                  const QString name = QString::fromLatin1(each.name);
+                                  return !name.contains(length.only) &&
+                                         !name.endsWith(QLatin1String("reopen"));
+                              }),
+               deck.end());
     try {
         start();
         play(length);
         goRounds();
-        failure = fresh.growth() + rounds.growth();
+        failure = fresh.growth();
+        if (failure.isEmpty())
+            failure = rounds.growth();
     } catch (const Failure& each) {
         failure = each.reason;
     }

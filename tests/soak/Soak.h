@@ -16,6 +16,7 @@ struct Length
 {
     double minutes = 10;
     int steps = 0;
+    QString only; ///< of the actions those whose names hold this, and "reopen"
 };
 
 /// A pendant that is worked at random. The same seed takes the same steps, whatever the time.

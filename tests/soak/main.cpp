@@ -1,5 +1,5 @@
-// soak [MINUTES] [--seed N] [--steps M]: the pendant works itself at random, and looks at what
-// comes of it. With steps, the time does not count.
+// soak [MINUTES] [--seed N] [--steps M] [--only TEXT]: the pendant works itself at random, and
+// looks at what comes of it. With steps, the time does not count.
 
 #include "Application.h"
 #include "LogFolder.h"
@@ -32,7 +32,8 @@ Wish wishOf(const QStringList& arguments)
     QCommandLineParser parser;
     const QCommandLineOption seed(QStringLiteral("seed"), QString(), QStringLiteral("n"));
     const QCommandLineOption steps(QStringLiteral("steps"), QString(), QStringLiteral("n"));
-    parser.addOptions({seed, steps});
+    const QCommandLineOption only(QStringLiteral("only"), QString(), QStringLiteral("text"));
+    parser.addOptions({seed, steps, only});
     parser.process(arguments);
     Wish wish;
     bool good = true;
@@ -44,6 +45,7 @@ Wish wishOf(const QStringList& arguments)
     if (parser.isSet(steps))
         wish.length.steps = parser.value(steps).toInt(&good);
     check();
+    wish.length.only = parser.value(only);
     const QStringList others = parser.positionalArguments();
     if (!others.isEmpty())
         wish.length.minutes = others.first().toDouble(&good);
@@ -66,7 +68,7 @@ int main(int argc, char** argv)
     pendant::Theme::apply(application);
     const Wish wish = wishOf(QCoreApplication::arguments());
     if (!wish.isUnderstood) {
-        std::fputs("usage: soak [MINUTES] [--seed N] [--steps M]\n", stderr);
+        std::fputs("usage: soak [MINUTES] [--seed N] [--steps M] [--only TEXT]\n", stderr);
         return WrongUsage;
     }
     std::printf("seed %u\n", wish.seed);
