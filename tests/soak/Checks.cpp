@@ -200,10 +200,9 @@ void topBar(Scene& scene)
 void indicator(Scene& scene)
 {
     const auto* place = scene.stage.window().findChild<QWidget*>(latin("indicators"));
-    const auto* label = place->findChild<QLabel*>();
-    const QImage picture = label && label->pixmap(Qt::ReturnByValue).isNull()
-                               ? QImage()
-                               : label->pixmap(Qt::ReturnByValue).toImage();
+    const auto* label = place ? place->findChild<QLabel*>() : nullptr;
+    const QPixmap shownNow = label ? label->pixmap(Qt::ReturnByValue) : QPixmap();
+    const QImage picture = shownNow.isNull() ? QImage() : shownNow.toImage();
     demand(!picture.isNull(), latin("there is no picture of the work mode"));
     if (scene.realWelding.isNull())
         scene.realWelding = picture;
