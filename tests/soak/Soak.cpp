@@ -15,7 +15,7 @@ namespace {
 
 constexpr int StepsTold = 20;
 constexpr int FirstRounds = 2; // in which all is made that is made once
-constexpr int MoreRounds = 6;
+constexpr int MoreRounds = 4;
 
 void print(const QString& text)
 {
