@@ -125,7 +125,8 @@ void setInput(Scene& scene)
     const QString key = scene.chance.of(keys);
     scene.note = key;
     const auto value = [&] {
-        for (const pendant::SignalState& each : scene.stage.controller().ioSignals()) {
+        const auto states = scene.stage.controller().ioSignals();
+        for (const pendant::SignalState& each : states) {
             if (latin(each.signal->key) == key)
                 return each.value;
         }

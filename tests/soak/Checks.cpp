@@ -75,7 +75,8 @@ void pluginLog(Scene& scene)
 void warnings(Scene& scene)
 {
     const QStringList& allowed = scene.model.allowedWarnings;
-    for (const QString& text : scene.witness.warnings) {
+    const QStringList& heard = scene.witness.warnings;
+    for (const QString& text : heard) {
         demand(std::any_of(allowed.begin(), allowed.end(),
                            [&](const QString& start) { return text.startsWith(start); }),
                QStringLiteral("a warning: %1").arg(text));

@@ -75,7 +75,7 @@ void checkList(Scene& scene)
     const QJsonObject all = scene.model.records[keys::weldSchedules].toObject();
     const auto* table = Forms::within<QTableWidget>(scene.pageWidget(), latin(ListTables[0]));
     for (auto each = all.begin(); each != all.end(); ++each) {
-        const int row = each.key().mid(6).toInt() - 1;
+        const int row = each.key().midRef(6).toInt() - 1;
         for (int column = 1; column <= 4; ++column) {
             const QString held = each.value()[latin(columns[column - 1])].toVariant().toString();
             const auto* cell = table->item(row, column);

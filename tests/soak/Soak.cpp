@@ -41,7 +41,8 @@ void readCell(Scene& scene)
                                      keys::weldMatching, keys::weldCurves})
         scene.model.records[key] = scene.stored(key);
     const pendant::Controller& machine = scene.stage.controller();
-    for (const QString& name : machine.programs()) {
+    const QStringList names = machine.programs();
+    for (const QString& name : names) {
         QByteArray text;
         machine.readProgram(name, &text);
         scene.model.programs[name] = text;
