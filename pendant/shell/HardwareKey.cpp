@@ -30,7 +30,6 @@ bool takesAway(QEvent::Type type)
     switch (type) {
     case QEvent::Hide:
     case QEvent::Close:
-    case QEvent::FocusOut:
     case QEvent::WindowDeactivate:
     case QEvent::UngrabMouse:
     case QEvent::TouchCancel:
@@ -79,6 +78,7 @@ void HardwareKey::letGo()
     if (!held)
         return;
     held = false;
+    byKeyboard = false;
     update();
     call(false);
 }
@@ -94,7 +94,10 @@ void HardwareKey::call(bool pressed)
 bool HardwareKey::event(QEvent* event)
 {
     const QEvent::Type type = event->type();
-    if (takesAway(type) || (type == QEvent::EnabledChange && !isEnabled()))
+    // The focus wanders by itself too, when what has it is locked: only a key that is held with the
+    // keyboard goes with it.
+    const bool losesKeyboard = type == QEvent::FocusOut && byKeyboard;
+    if (takesAway(type) || losesKeyboard || (type == QEvent::EnabledChange && !isEnabled()))
         letGo();
     if (type == QEvent::TouchBegin || type == QEvent::TouchUpdate || type == QEvent::TouchEnd)
         return touched(event);
@@ -128,8 +131,10 @@ void HardwareKey::keyPressEvent(QKeyEvent* event)
 {
     if (!isTrigger(event))
         QWidget::keyPressEvent(event);
-    else if (!event->isAutoRepeat())
+    else if (!event->isAutoRepeat() && !held) {
         hold();
+        byKeyboard = held;
+    }
 }
 
 void HardwareKey::keyReleaseEvent(QKeyEvent* event)

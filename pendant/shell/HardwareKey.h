@@ -11,8 +11,8 @@ namespace pendant {
 ///
 /// It is held by the mouse, a finger or the space bar, from wherever the pointer went down until it
 /// comes up, also beside the key. Whatever takes the key away from the operator lets it go: it is
-/// hidden or disabled, its window loses the focus or closes. Every press is followed by exactly
-/// one release.
+/// hidden or disabled, its window loses the focus or closes, or it loses the focus itself while the
+/// keyboard holds it. Every press is followed by exactly one release.
 class HardwareKey : public QWidget
 {
     Q_OBJECT
@@ -50,6 +50,7 @@ private:
     QPixmap pressedPicture;
     QPixmap restPicture;
     bool held = false;
+    bool byKeyboard = false; ///< held, and not by a pointer
 };
 
 } // namespace pendant
