@@ -8,6 +8,9 @@
 
 #include <QAbstractButton>
 
+#include <algorithm>
+#include <iterator>
+
 namespace soak {
 
 namespace {
@@ -53,9 +56,20 @@ bool isOn(const pendant::Faults& faults, const pendant::FaultRow& row)
     return row.number ? faults.*row.number != 0 : faults.*row.flag;
 }
 
+// But for those that drop the connection within a command, and odd values in the place of "return":
+// the table of faults goes through these one by one.
+bool isTurned(const pendant::FaultRow& row)
+{
+    return row.flag != &pendant::Faults::lostBefore && row.flag != &pendant::Faults::lostAfter &&
+           row.number != &pendant::Faults::returnValue;
+}
+
 void turnFault(Scene& scene)
 {
-    const pendant::FaultRow& row = scene.chance.of(pendant::faultRows());
+    std::vector<pendant::FaultRow> rows;
+    std::copy_if(pendant::faultRows().begin(), pendant::faultRows().end(), std::back_inserter(rows),
+                 isTurned);
+    const pendant::FaultRow& row = scene.chance.of(rows);
     scene.note = latin(row.name);
     openFaults(scene);
     turn(scene, row);

@@ -74,7 +74,8 @@ void Model::pluginMade()
 
 bool Model::isAnswered() const
 {
-    return connected && !faults.emptyReply && !faults.foreignReply && !faults.missingReturn;
+    return arrives() && !faults.emptyReply && !faults.elementTypes && !faults.foreignReply &&
+           !faults.missingReturn;
 }
 
 bool Model::readsFlag(bool flag) const
@@ -113,7 +114,7 @@ void Model::savedMapping(int code)
     constexpr const char* page = "WeldioPage";
     const QString command = QStringLiteral("set_weld_io_config");
     if (!isAnswered()) {
-        const bool isEmpty = !connected || faults.emptyReply;
+        const bool isEmpty = !arrives() || faults.emptyReply;
         tell(Error, shown(page, "Save failed. No response from controller."));
         errorLines << QLatin1String(isEmpty ? "empty response for " : "not found ") + command;
     } else if (code == 0) {
@@ -140,7 +141,7 @@ void Model::press(Key key)
     held[static_cast<std::size_t>(key)] = true;
     if (!operates(key, true))
         return;
-    const bool isDone = connected && faults.returnCode == 0;
+    const bool isDone = arrives() && faults.returnCode == 0;
     if (key == Key::WorkMode)
         switchMode();
     else if (key == Key::RedLight)
@@ -172,7 +173,7 @@ void Model::moveWire(Key key, bool on)
     bool& moves = isBack ? retracting : feeding;
     const bool isBlocked = on && (isBack ? feeding : retracting);
     const int code = codeOf(isBlocked ? Conflict : 0);
-    if (connected && code == 0)
+    if (arrives() && code == 0)
         moves = on;
     report(QLatin1String(isBack ? "set_weld_retract_wire" : "set_weld_feed_wire"), code,
            WireTexts[isBack ? 1 : 0]);
@@ -182,7 +183,7 @@ void Model::moveWire(Key key, bool on)
 void Model::switchMode()
 {
     const bool toVirtual = !readsFlag(virtualWelding);
-    if (connected && faults.returnCode == 0)
+    if (arrives() && faults.returnCode == 0)
         virtualWelding = toVirtual;
     if (isAnswered() && faults.returnCode != 0) {
         tell(Error, shown(Plugin, "Switch work mode failed"));

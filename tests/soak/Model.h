@@ -62,6 +62,8 @@ public:
     void allowForUntrueReads();
 
     bool mayOperate() const { return level >= 3; }
+    /// What is sent comes to the controller.
+    bool arrives() const { return connected && !faults.noReply; }
     /// The controller's records and lists are read as they are.
     bool readsTruly() const;
 

@@ -64,7 +64,7 @@ void finishSave(Scene& scene, const QString& command, const QString& record,
 {
     Model& model = scene.model;
     const std::optional<int> code = scene.codeOf(command);
-    demand(code.has_value() == model.connected,
+    demand(code.has_value() == model.arrives(),
            QStringLiteral("the controller has %1 \"%2\"")
                .arg(latin(code ? "carried out" : "not seen"), command));
     if (code)

@@ -93,7 +93,7 @@ void start(Scene& scene, QJsonObject form)
     if (!timesFit(scene, form))
         return;
     const std::optional<int> code = scene.codeOf(latin("set_weld_enable"));
-    demand(code.has_value() == model.connected, latin("the start was not sent"));
+    demand(code.has_value() == model.arrives(), latin("the start was not sent"));
     model.welding = model.welding || code == 0;
     const bool isAccepted = code == 0 && model.strictResult(0) && !model.faults.wrongTypes;
     demand(mainIsOn(scene) == isAccepted, latin("the main switch does not follow the answer"));
@@ -110,7 +110,7 @@ void start(Scene& scene, QJsonObject form)
 void stop(Scene& scene)
 {
     demand(!mainIsOn(scene), latin("the main switch stays on"));
-    if (scene.model.connected && scene.model.faults.returnCode == 0)
+    if (scene.model.arrives() && scene.model.faults.returnCode == 0)
         scene.model.welding = false;
 }
 
