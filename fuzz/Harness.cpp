@@ -64,6 +64,7 @@ QJsonValue Fuzz::json(const uint8_t* data, size_t size)
 {
     const auto bytes =
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    const LeaksOfQt leaks;
     const auto document = QJsonDocument::fromJson(bytes);
     if (document.isObject())
         return document.object();

@@ -5,12 +5,12 @@
 
 extern "C" {
 
-int nanosleep(const timespec*, timespec*)
+[[gnu::visibility("default")]] int nanosleep(const timespec*, timespec*)
 {
     return 0;
 }
 
-int clock_nanosleep(clockid_t, int, const timespec*, timespec*)
+[[gnu::visibility("default")]] int clock_nanosleep(clockid_t, int, const timespec*, timespec*)
 {
     return 0;
 }

@@ -64,6 +64,7 @@ std::optional<QString> themeHas(const QString& kind, const QString& token)
 void feedPluginSheet(const uint8_t* data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    const Fuzz::LeaksOfQt leaks;
     const pendant::PluginSheet sheet(bytes, themeHas);
     const QString& text = sheet.text();
     Fuzz::demand(text.count(QLatin1Char('{')) == text.count(QLatin1Char('}')),
@@ -74,6 +75,14 @@ void feedPluginSheet(const uint8_t* data, size_t size)
 }
 
 } // namespace
+
+QStringList Fuzz::words()
+{
+    return QStringLiteral(
+               "name,color,border,border-bottom,font,QLabel,QPushButton:hover,#id,$color$text,"
+               "$color$longertoken,$icon$text,$,1px solid red,/*,*/,a{b}")
+        .split(QLatin1Char(','));
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
