@@ -62,14 +62,14 @@ void loadCurves(CharacteristicsCurvePage& page, const QJsonValue& record)
     page.refreshPortHeaders();
     page.updateAccess();
     const auto tables = page.findChildren<QTableWidget*>();
-    for (int tab = 0; tab < tables.size(); ++tab) {
-        const auto nodes = CharacteristicsCurvePage::readNodes(tables.at(tab));
+    for (const QTableWidget* table : tables) {
+        const auto nodes = CharacteristicsCurvePage::readNodes(table);
         Fuzz::demand(nodes.size() <= 12, "a table has no more rows than its record says");
         for (const auto& node : nodes)
             Fuzz::demand(node.first >= 0 && node.first <= 65535.99 && node.second >= 0 &&
                              node.second <= 65535,
                          "a node is within the ranges of its editors");
-        CharacteristicsCurvePage::validateNodes(tables.at(tab));
+        CharacteristicsCurvePage::validateNodes(table);
     }
     for (int tab = 0; tab < CharacteristicsCurvePage::TabCount; ++tab)
         page.computeCurve(tab);

@@ -70,6 +70,7 @@ void feedPluginSheet(const uint8_t* data, size_t size)
     Fuzz::demand(text.count(QLatin1Char('{')) == text.count(QLatin1Char('}')),
                  "each rule is closed");
     Fuzz::demand(text.isEmpty() || text.endsWith(QLatin1String(" }\n")), "the last rule is whole");
+    Fuzz::demand(!text.contains(QLatin1String("/*")), "no rule begins a comment");
     for (const QString& complaint : sheet.complaints())
         Fuzz::demand(!complaint.isEmpty(), "a complaint has a text");
 }
