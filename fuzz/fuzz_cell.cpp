@@ -19,6 +19,7 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -92,7 +93,7 @@ void insertAll(const QString& file, const QJsonObject& input)
     connection.run(QStringLiteral("COMMIT"));
 }
 
-QList<QLatin1String> recordKeys()
+std::vector<QLatin1String> recordKeys()
 {
     namespace keys = pendant::keys;
     return {keys::weldSetting,  keys::weldIo,     keys::weldData, keys::weldSchedules,
