@@ -13,11 +13,16 @@ target_compile_options(strict INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Werror
     # A unique symbol would keep the library mapped after its unload.
-    -fno-gnu-unique)
+    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 
 # Both are for the whole tree: the library that is loaded and the program that loads it must agree.
 if(LASERWELD_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(LASERWELD_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()

@@ -110,7 +110,8 @@ KeySorter::KeySorter(const SortKeys& keysToSort)
 
 std::vector<int> KeySorter::sortedIndexes()
 {
-    open.push_back({entries.begin(), entries.end(), 0});
+    if (!entries.empty()) // a group has a first key
+        open.push_back({entries.begin(), entries.end(), 0});
     while (!open.empty()) {
         const Group group = open.back();
         open.pop_back();

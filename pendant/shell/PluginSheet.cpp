@@ -15,11 +15,14 @@ namespace {
 constexpr const char* ByteOrderMark = "\xef\xbb\xbf";
 const QLatin1String SelectorKey("name");
 
-// A brace or a semicolon would reach into what stands beside it.
-bool breaksTheSheet(const QString& text)
+// A brace or a semicolon would reach into what stands beside it, and so would a comment, or a
+// quotation mark without its other.
+bool breaksTheSheet(QString text)
 {
-    static const QRegularExpression sign(QStringLiteral("[{};]"));
-    return text.contains(sign);
+    static const QRegularExpression sign(QStringLiteral(R"([{};\\]|/\*|\*/)"));
+    static const QRegularExpression quoted(QStringLiteral(R"("[^"\n]*"|'[^'\n]*')"));
+    static const QRegularExpression mark(QStringLiteral("[\"']"));
+    return text.contains(sign) || text.remove(quoted).contains(mark);
 }
 
 } // namespace

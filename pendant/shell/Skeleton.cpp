@@ -113,7 +113,7 @@ QString literalPattern(const QString& literal)
 
 QString valuePattern(SkeletonField::Kind kind)
 {
-    return kind == SkeletonField::Kind::Number ? QStringLiteral("(-?\\d+)\\s*")
+    return kind == SkeletonField::Kind::Number ? QStringLiteral("(-?[0-9]+)\\s*")
                                                : QStringLiteral("(\"[^\"]*\"|[^\"]*?)\\s*");
 }
 
@@ -159,8 +159,10 @@ std::optional<QStringList> Skeleton::read(const QString& line) const
     QString pattern = QStringLiteral("^\\s*") + literalPattern(pieces.first());
     for (int i = 0; i < inputs.size(); ++i)
         pattern += valuePattern(inputs.at(i).kind) + literalPattern(pieces.at(i + 1));
-    const QRegularExpression expression(pattern); // clazy:exclude=use-static-qregularexpression
-    const auto match = expression.match(line);    // clazy:exclude=use-static-qregularexpression
+    // What is a blank for the literals is one for the line.
+    const QRegularExpression expression( // clazy:exclude=use-static-qregularexpression
+        pattern, QRegularExpression::UseUnicodePropertiesOption);
+    const auto match = expression.match(line); // clazy:exclude=use-static-qregularexpression
     if (!match.hasMatch())
         return std::nullopt;
     return match.capturedTexts().mid(1);

@@ -1,4 +1,5 @@
 #include "NaturalSort.h"
+#include "SortKeys.h"
 #include "TestCase.h"
 
 #include <algorithm>
@@ -106,6 +107,7 @@ private Q_SLOTS:
     void keepsDuplicates();
     void circleIsDefined();
     void longDigitsAreDefined();
+    void noNamesHaveKeys();
 };
 
 void NaturalSortTest::ordersTwoNames_data()
@@ -273,6 +275,13 @@ void NaturalSortTest::longDigitsAreDefined()
     for (int i = 1; i < sorted.size(); ++i)
         QVERIFY(!naturallyLess(sorted.at(i), sorted.at(i - 1)));
     QCOMPARE(naturallySorted(shuffled(names, 5)), sorted);
+}
+
+void NaturalSortTest::noNamesHaveKeys()
+{
+    const auto keys = SortKeys::of({});
+    QVERIFY(keys);
+    QVERIFY(keys->sortedIndexes().empty());
 }
 
 LASERWELD_CORE_TEST_MAIN(NaturalSortTest)

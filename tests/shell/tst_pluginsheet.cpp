@@ -25,6 +25,7 @@ class TestPluginSheet : public TestCase
 
 private Q_SLOTS:
     void rulesInTheirOrder();
+    void quotations();
     void byteOrderMark();
     void wrong_data();
     void wrong();
@@ -52,6 +53,13 @@ void TestPluginSheet::rulesInTheirOrder()
                                           "A, C::item { border: none; border-bottom: "
                                           "border:input; }\n"
                                           "B { image: image:widget/handle; }\n"));
+    QVERIFY(sheet.complaints().isEmpty());
+}
+
+void TestPluginSheet::quotations()
+{
+    const PluginSheet sheet(R"([{"name":"A[x=\"it's\"]","font":"9pt 'Noto \"Sans'"}])", lookup);
+    QCOMPARE(sheet.text(), QStringLiteral("A[x=\"it's\"] { font: 9pt 'Noto \"Sans'; }\n"));
     QVERIFY(sheet.complaints().isEmpty());
 }
 
@@ -86,6 +94,10 @@ void TestPluginSheet::wrong_data()
         "rule 1 has no selector");
     row("selector breaks out", R"([{"name":"A}"},{"name":"B","color":"red"}])", after,
         "rule 1 has no selector");
+    row("selector begins a comment", R"([{"name":"A /*"},{"name":"B","color":"red"}])", after,
+        "rule 1 has no selector");
+    row("selector opens a quotation", R"([{"name":"A[x='1]"},{"name":"B","color":"red"}])", after,
+        "rule 1 has no selector");
     const char* const both = "A { color: blue; }\nB { color: red; }\n";
     const auto property = [&](const char* name, const char* value, const char* complaint) {
         const QByteArray json = QByteArray(R"([{"name":"A","color":"blue","width":)") + value +
@@ -103,6 +115,10 @@ void TestPluginSheet::wrong_data()
     property("reference without a token", R"("$color$")", "$color$ is no reference");
     property("reference among others", R"("1px solid $color$topic")", "is no reference");
     property("value breaks out", R"("1px; } C { color: red")", "is no value");
+    property("value begins a comment", R"("1px /* wide")", "is no value");
+    property("value ends a comment", R"("1px */")", "is no value");
+    property("value opens a quotation", R"("1px \"x")", "is no value");
+    property("value is a quotation of a mark", R"("\"\\\"")", "is no value");
     row("property breaks out",
         R"([{"name":"A","color":"blue","x}":"1"},{"name":"B","color":"red"}])", both,
         "rule 1 (A), \"x}\": no name of a property");

@@ -128,6 +128,8 @@ void TestSkeleton::reads_data()
     QTest::newRow("another") << QStringLiteral("LsWireBwd(50,1000);") << QStringList();
     QTest::newRow("too few") << QStringLiteral("LsWireFwd(50);") << QStringList();
     QTest::newRow("no number") << QStringLiteral("LsWireFwd(a,b);") << QStringList();
+    QTest::newRow("wide blank") << QStringLiteral("LsWireFwd(50,\u30001000);") << values;
+    QTest::newRow("other digits") << QStringLiteral("LsWireFwd(\uff15,1000);") << QStringList();
     QTest::newRow("empty") << QString() << QStringList();
 }
 
