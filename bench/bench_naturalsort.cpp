@@ -74,7 +74,7 @@ bool reportShape(const char* shapeName, Shape shape)
     const auto sortShuffled = [&] { benchmark::DoNotOptimize(naturallySorted(names)); };
     const auto figure = [&](const char* peerName, const Ratio::Work& ours, const Ratio::Work& peer,
                             double limit) {
-        const QByteArray title = QByteArray("natural sort, ") + shapeName + ": " + peerName;
+        const QByteArray title = QByteArray("natural sort, ") + shapeName + " / " + peerName;
         return Ratio::report(title.constData(), Ratio::measure(Rounds, ours, peer), limit);
     };
     bool holds = figure(
