@@ -1,4 +1,5 @@
 #include "Harness.h"
+#include "LeaksOfQt.h"
 
 #include <QApplication>
 #include <QJsonArray>

@@ -8,17 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define FUZZ_FINDS_LEAKS
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define FUZZ_FINDS_LEAKS
-#endif
-#endif
-#ifdef FUZZ_FINDS_LEAKS
-#include <sanitizer/lsan_interface.h>
-#endif
-
 /// What all harnesses share. One is a program that libFuzzer feeds, or Replay.cpp; it starts an
 /// application without a display and takes a warning of Qt or of the code for a finding.
 namespace Fuzz {
@@ -37,17 +26,6 @@ QJsonValue json(const uint8_t* data, size_t size);
 
 /// Lets zero timers and posted events run, and what they start, a few times over.
 void settle();
-
-/// Leaves out of the leak check what is made while it lives: Qt's parser loses the value of a JSON
-/// key that comes twice.
-#ifdef FUZZ_FINDS_LEAKS
-using LeaksOfQt = __lsan::ScopedDisabler;
-#else
-struct LeaksOfQt
-{
-    LeaksOfQt() {} // NOLINT(modernize-use-equals-default): or it would be an unused variable
-};
-#endif
 
 /// Keys and texts that the harness knows, for JsonMutator.cpp to put into its inputs.
 QStringList words();

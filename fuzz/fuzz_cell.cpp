@@ -8,6 +8,7 @@
 
 #include "Controller.h"
 #include "Harness.h"
+#include "LeaksOfQt.h"
 #include "RecordKeys.h"
 #include "SqlConnection.h"
 #include "WeldIo.h"
@@ -238,7 +239,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QByteArray before = place.content();
     QString error;
     auto controller = [&] {
-        const Fuzz::LeaksOfQt leaks;
+        const LeaksOfQt leaks;
         return Controller::open(place.file, Small, &error);
     }();
     if (controller) {

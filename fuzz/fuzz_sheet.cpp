@@ -6,6 +6,7 @@
 // many rules as it has braces, whatever its JSON holds.
 
 #include "Harness.h"
+#include "LeaksOfQt.h"
 #include "PluginSheet.h"
 #include "UiScale.h"
 
@@ -64,7 +65,7 @@ std::optional<QString> themeHas(const QString& kind, const QString& token)
 void feedPluginSheet(const uint8_t* data, size_t size)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
-    const Fuzz::LeaksOfQt leaks;
+    const LeaksOfQt leaks;
     const pendant::PluginSheet sheet(bytes, themeHas);
     const QString& text = sheet.text();
     Fuzz::demand(text.count(QLatin1Char('{')) == text.count(QLatin1Char('}')),

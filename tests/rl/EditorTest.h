@@ -14,10 +14,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
-
 /// What the tests of the instruction editors share.
 namespace EditorTest {
 
@@ -30,17 +26,6 @@ struct ContextTranslator : QTranslator
     }
     bool isEmpty() const override { return false; }
 };
-
-/// Leaves out of the leak check what is made while it lives: Qt's widgets are built without
-/// exceptions and clean nothing up when one passes through them.
-#ifdef __SANITIZE_ADDRESS__
-using LeaksInQt = __lsan::ScopedDisabler;
-#else
-struct LeaksInQt
-{
-    LeaksInQt() {} // NOLINT(modernize-use-equals-default): or it would be an unused variable
-};
-#endif
 
 /// A list whose search throws: a standard exception or another one.
 class ThrowingModel : public QStringListModel

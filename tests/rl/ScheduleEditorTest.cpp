@@ -1,5 +1,6 @@
 #include "ScheduleEditorTest.h"
 
+#include "LeaksOfQt.h"
 #include "LogFolder.h"
 #include "ScriptedHost.h"
 
@@ -172,7 +173,7 @@ void ScheduleEditorTest::exceptions()
     const Editor editor = make();
     schedule(editor)->setModel(&model);
     {
-        const EditorTest::LeaksInQt expected;
+        const LeaksOfQt expected;
         editor->FillWith(callWith(5, 77));
     }
     const QStringList lines = LogFolder::lines(traits.tag);
