@@ -79,6 +79,7 @@ class TestWeldParameterStyle : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void detailsAreStyledBeforeTheyAreOpened();
     void laterPassesSetNoSheet();
     void switchPolishesWhatItShows();
     void smallWindowScrolls_data();
@@ -99,6 +100,19 @@ private Q_SLOTS:
     void zoomChangesTheHeader();
     void fourDigitsAreReadable();
 };
+
+void TestWeldParameterStyle::detailsAreStyledBeforeTheyAreOpened()
+{
+    const PageOnHost t(PageOnHost::seven(fullRecord()));
+    t.page->applyPageStyle();
+    const auto boxes = t.find<QWidget>("page_config")->findChildren<QComboBox*>();
+    QVERIFY(!boxes.isEmpty());
+    for (const QComboBox* box : boxes) {
+        QVERIFY2(!box->styleSheet().isEmpty(), qPrintable(box->objectName()));
+        QCOMPARE(box->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+    }
+    QCOMPARE(t.find<QFrame>("frame_wire_stick_row")->maximumHeight(), 36);
+}
 
 void TestWeldParameterStyle::laterPassesSetNoSheet()
 {

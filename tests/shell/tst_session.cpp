@@ -34,6 +34,7 @@ private Q_SLOTS:
     void buttonsTurnConnectionAndPower();
     void zoomReachesThePlugins();
     void withoutPluginsTheListSaysWhy();
+    void pluginThatIsNotMadeAnewIsTold();
     void trackingComesWhenItIsTold_data();
     void trackingComesWhenItIsTold();
     void trackingThatIsNotThere();
@@ -206,6 +207,16 @@ void TestSession::withoutPluginsTheListSaysWhy()
     options.pluginFolder = folder->path();
     const auto session = openSession(options);
     QVERIFY(child<QWidget>(&session->window(), "panel_plugins")->isVisible());
+}
+
+void TestSession::pluginThatIsNotMadeAnewIsTold()
+{
+    options.pluginFolder = QStringLiteral(SHELL_LIBRARIES "/once");
+    const auto session = openSession(options);
+    QVERIFY(!child<QWidget>(&session->window(), "panel_plugins")->isVisible());
+    session->setLanguage(Language::Chinese);
+    QVERIFY(child<QWidget>(&session->window(), "panel_plugins")->isVisible());
+    session->setLanguage(Language::English);
 }
 
 void TestSession::cellThatCannotBeOpened()
